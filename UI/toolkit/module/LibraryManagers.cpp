@@ -1,0 +1,32 @@
+// The one table of the library's managers. Each manager has a fixed place
+// in both orders: creation lets a constructor rely on the managers made
+// before it; release is not the reverse of creation (the device controller
+// goes first, the single-instance claim last).
+//
+//   creation: SingleApplicationInstance 1, AppController 2, Appearance 3,
+//   ConfDataFile 4, DCControler 5, CtrlFactory 6, TemplateManager 7,
+//   EventManager 8, HotkeysManager 9, TransitionManager 10,
+//   SequenceManager 11, ScreenManager 12, ShortcutManager 13,
+//   PluginManager 14, MainSettingsController 15, NotifPopupManager 16
+//
+//   release: DCControler 1, CtrlFactory 2, TemplateManager 3,
+//   HotkeysManager 4, EventManager 5, TransitionManager 6,
+//   SequenceManager 7, ScreenManager 8, ShortcutManager 9,
+//   PluginManager 10, MainSettingsController 11, ConfDataFile 12,
+//   NotifPopupManager 13, Appearance 14, AppController 15,
+//   SingleApplicationInstance 16
+//
+// A manager joins by adding its row below with those two numbers.
+#include "module/SingletonTable.h"
+
+namespace UIKit {
+
+const SingletonTable& SingletonTable::Library()
+{
+    static const SingletonTable table({
+        // SingletonTable::Entry<Manager>("Manager", creation, release),
+    });
+    return table;
+}
+
+} // namespace UIKit
