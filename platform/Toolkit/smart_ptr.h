@@ -51,8 +51,10 @@ public:
 
     smart_ptr() noexcept = default;
     smart_ptr(std::nullptr_t) noexcept {}
-    // Takes ownership of a heap object (count 1).
-    explicit smart_ptr(T* object) : m_p(object, detail::ActionDeleter()) {}
+    // Takes ownership of a heap object (count 1). The object is deleted as
+    // the type it was made with, so interfaces need no virtual destructor.
+    template <class Y, class = std::enable_if_t<std::is_convertible_v<Y*, T*>>>
+    explicit smart_ptr(Y* object) : m_p(object, detail::ActionDeleter()) {}
 
     template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
     smart_ptr(const smart_ptr<U>& other) noexcept : m_p(other.shared()) {}
@@ -68,7 +70,8 @@ public:
     // Drops this reference; the pointer becomes null.
     void ReleaseRef() noexcept { m_p.reset(); }
     void reset() noexcept { m_p.reset(); }
-    void reset(T* object) { *this = smart_ptr(object); }
+    template <class Y>
+    void reset(Y* object) { *this = smart_ptr(object); }
 
     long GetRefCount() const noexcept { return m_p.use_count(); }
 
