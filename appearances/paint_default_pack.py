@@ -1,0 +1,198 @@
+#!/usr/bin/env python3
+"""Paints the images of the default appearance pack.
+
+Run it after changing a shape or a colour; it rewrites the PNG files under
+default.ar/graphics/. Only the standard library is used: shapes are drawn
+from signed distances with one pixel of anti-aliasing, and PNGs are written
+with zlib. Pixels outside a window's outline are magenta (255, 0, 255),
+which the frame cuts away.
+"""
+import math
+import os
+import struct
+import zlib
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+OUT = os.path.join(HERE, "default.ar", "graphics")
+
+MAGENTA = (255, 0, 255, 255)
+
+
+class Canvas:
+    def __init__(self, w, h, fill=(0, 0, 0, 0)):
+        self.w, self.h = w, h
+        self.px = [list(fill) for _ in range(w * h)]
+
+    def blend(self, x, y, rgba, coverage=1.0):
+        if not (0 <= x < self.w and 0 <= y < self.h) or coverage <= 0:
+            return
+        r, g, b, a = rgba
+        a = a / 255.0 * min(coverage, 1.0)
+        dst = self.px[y * self.w + x]
+        da = dst[3] / 255.0
+        oa = a + da * (1 - a)
+        if oa <= 0:
+            return
+        for i, c in enumerate((r, g, b)):
+            dst[i] = (c * a + dst[i] * da * (1 - a)) / oa
+        dst[3] = oa * 255
+
+    def shape(self, distance, colour):
+        """Fills where distance(x, y) < 0, anti-aliased over one pixel.
+        `colour` is an RGBA tuple or a function of (x, y) giving one."""
+        for y in range(self.h):
+            for x in range(self.w):
+                d = distance(x + 0.5, y + 0.5)
+                cov = 0.5 - d
+                if cov > 0:
+                    c = colour(x, y) if callable(colour) else colour
+                    self.blend(x, y, c, cov)
+
+    def save(self, name, magenta_outside=False):
+        rows = []
+        for y in range(self.h):
+            row = bytearray([0])
+            for x in range(self.w):
+                r, g, b, a = self.px[y * self.w + x]
+                if magenta_outside:
+                    # The window shape is cut by the magenta colour; keep an
+                    # opaque outline so the cut edge is crisp.
+                    if a < 128:
+                        r, g, b, a = MAGENTA
+                    else:
+                        r, g, b = (c * a / 255 + 0 * (1 - a / 255) for c in (r, g, b))
+                        a = 255
+                row += bytes((clamp(r), clamp(g), clamp(b), clamp(a)))
+            rows.append(bytes(row))
+        raw = zlib.compress(b"".join(rows), 9)
+
+        def chunk(kind, data):
+            body = kind + data
+            return struct.pack(">I", len(data)) + body + struct.pack(">I", zlib.crc32(body) & 0xFFFFFFFF)
+
+        png = b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", self.w, self.h, 8, 6, 0, 0, 0))
+        png += chunk(b"IDAT", raw) + chunk(b"IEND", b"")
+        with open(os.path.join(OUT, name), "wb") as f:
+            f.write(png)
+
+
+def clamp(v):
+    return max(0, min(255, int(round(v))))
+
+
+def rounded_rect(x0, y0, x1, y1, r):
+    def d(x, y):
+        cx = min(max(x, x0 + r), x1 - r)
+        cy = min(max(y, y0 + r), y1 - r)
+        inside_x = x0 + r <= x <= x1 - r
+        inside_y = y0 + r <= y <= y1 - r
+        if inside_x or inside_y:
+            return max(x0 - x, x - x1, y0 - y, y - y1)
+        return math.hypot(x - cx, y - cy) - r
+    return d
+
+
+def circle(cx, cy, r):
+    return lambda x, y: math.hypot(x - cx, y - cy) - r
+
+
+def segment(ax, ay, bx, by, half_width):
+    def d(x, y):
+        vx, vy = bx - ax, by - ay
+        t = max(0.0, min(1.0, ((x - ax) * vx + (y - ay) * vy) / (vx * vx + vy * vy)))
+        return math.hypot(x - (ax + t * vx), y - (ay + t * vy)) - half_width
+    return d
+
+
+def ring(inner, outer):
+    return lambda x, y: max(outer(x, y), -inner(x, y))
+
+
+def vgradient(top, bottom, y0, y1):
+    def c(x, y):
+        t = max(0.0, min(1.0, (y - y0) / max(1, y1 - y0)))
+        return tuple(a + (b - a) * t for a, b in zip(top, bottom))
+    return c
+
+
+# Palette: deep blue body, teal accent, white text areas.
+NAVY_TOP = (22, 48, 86, 255)
+NAVY_BOTTOM = (10, 22, 44, 255)
+ACCENT = (0, 168, 170, 255)
+ACCENT_DARK = (0, 120, 124, 255)
+
+
+def window_background(w=380, h=540):
+    c = Canvas(w, h)
+    body = rounded_rect(0, 0, w, h, 18)
+    c.shape(body, vgradient(NAVY_TOP, NAVY_BOTTOM, 0, h))
+    # Header band with a soft accent glow.
+    c.shape(lambda x, y: max(body(x, y), y - 64), vgradient((30, 70, 120, 255), (24, 56, 100, 255), 0, 64))
+    c.shape(lambda x, y: max(body(x, y), abs(y - 64.5) - 0.8), (0, 190, 190, 200))
+    # Signal-strength bars, the product's mark, in the header.
+    for i in range(4):
+        bh = 8 + i * 6
+        c.shape(rounded_rect(20 + i * 9, 44 - bh, 26 + i * 9, 44, 1.5), (120, 230, 230, 255))
+    # Status card area.
+    c.shape(rounded_rect(18, 84, w - 18, 236, 12), (255, 255, 255, 22))
+    c.shape(ring(rounded_rect(19, 85, w - 19, 235, 11), rounded_rect(18, 84, w - 18, 236, 12)),
+            (255, 255, 255, 40))
+    # Outline.
+    c.shape(ring(rounded_rect(1, 1, w - 1, h - 1, 17), body), (70, 110, 160, 255))
+    c.save("background.png", magenta_outside=True)
+
+
+def title_button(name, glyph, state):
+    s = 22
+    c = Canvas(s, s)
+    fills = {"normal": (255, 255, 255, 30), "over": (255, 255, 255, 70), "pressed": (0, 0, 0, 60)}
+    c.shape(circle(s / 2, s / 2, s / 2 - 1), fills[state])
+    colour = (235, 245, 255, 255) if state != "pressed" else (200, 215, 230, 255)
+    if glyph == "close":
+        c.shape(segment(7, 7, 15, 15, 1.1), colour)
+        c.shape(segment(15, 7, 7, 15, 1.1), colour)
+    else:
+        c.shape(segment(7, 11.5, 15, 11.5, 1.1), colour)
+    c.save(f"{name}_{state}.png")
+
+
+def button(state, w=150, h=40):
+    c = Canvas(w, h)
+    outline = rounded_rect(0.5, 0.5, w - 0.5, h - 0.5, 9)
+    faces = {
+        "normal": ((0, 178, 180, 255), ACCENT_DARK),
+        "over": ((40, 205, 205, 255), (0, 145, 150, 255)),
+        "pressed": (ACCENT_DARK, (0, 150, 152, 255)),
+        "disabled": ((92, 104, 120, 255), (72, 82, 96, 255)),
+        "selected": ((255, 176, 46, 255), (224, 132, 0, 255)),
+    }
+    top, bottom = faces[state]
+    c.shape(outline, vgradient(top, bottom, 0, h))
+    if state != "pressed":
+        # A thin highlight along the top edge.
+        c.shape(lambda x, y: max(outline(x, y), y - h * 0.45), (255, 255, 255, 36))
+    c.shape(ring(rounded_rect(1.5, 1.5, w - 1.5, h - 1.5, 8), outline), (0, 0, 0, 60))
+    c.save(f"button_{state}.png")
+
+
+def edit_box(w=200, h=32):
+    c = Canvas(w, h)
+    outline = rounded_rect(0.5, 0.5, w - 0.5, h - 0.5, 6)
+    c.shape(outline, (250, 252, 255, 255))
+    c.shape(ring(rounded_rect(1.5, 1.5, w - 1.5, h - 1.5, 5), outline), (120, 150, 190, 255))
+    c.save("edit.png")
+
+
+def main():
+    os.makedirs(OUT, exist_ok=True)
+    window_background()
+    for state in ("normal", "over", "pressed"):
+        title_button("close", "close", state)
+        title_button("minimize", "minimize", state)
+    for state in ("normal", "over", "pressed", "disabled", "selected"):
+        button(state)
+    edit_box()
+
+
+if __name__ == "__main__":
+    main()
