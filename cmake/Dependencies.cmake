@@ -19,7 +19,11 @@ function(uikit_wx_target name libs)
     if(flag MATCHES "^-I(.*)")
       list(APPEND includes ${CMAKE_MATCH_1})
     elseif(flag MATCHES "^-D(.*)")
-      list(APPEND defines ${CMAKE_MATCH_1})
+      # Base's wxUSE_GUI=0 would reach GUI code that links both targets and
+      # turn its wxApp into a console application (no GTK, no display).
+      if(NOT CMAKE_MATCH_1 STREQUAL "wxUSE_GUI=0")
+        list(APPEND defines ${CMAKE_MATCH_1})
+      endif()
     else()
       list(APPEND other ${flag})
     endif()
