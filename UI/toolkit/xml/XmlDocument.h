@@ -1,0 +1,65 @@
+#pragma once
+// The memory of one parsed document: a private copy of its text, parsed in
+// place, and an arena from which every element, attribute array and child
+// array of the tree is allocated. Everything is released together when the
+// document is destroyed; Reset() forgets the tree but keeps the memory, so
+// parsing again into the same top element allocates nothing once warm.
+#include "xml/XmlTypes.h"
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace UIKit {
+
+class XmlDocument {
+public:
+    XmlDocument() = default;
+    XmlDocument(const XmlDocument&) = delete;
+    XmlDocument& operator=(const XmlDocument&) = delete;
+
+    // Forgets every allocation and the text, keeping the memory for reuse.
+    void Reset();
+
+    // Replaces the text with a copy of `length` bytes followed by a NUL and
+    // returns the copy, which the parser may change in place.
+    char* SetText(const char* text, size_t length);
+
+    // Raw memory, aligned for any record; throws std::bad_alloc.
+    void* Allocate(size_t bytes);
+    // A zeroed element of this document.
+    XML_NODE* NewNode(XML_NODE* parent);
+    // A NUL-terminated copy of `length` bytes.
+    char* CopyString(const char* text, size_t length);
+
+    // Appends to an array of this document, doubling its room when full.
+    template <class T>
+    void Append(XML_ARRAY<T>& array, const T& item)
+    {
+        if (array.count == array.capacity)
+            grow(reinterpret_cast<void*&>(array.items), array.capacity, sizeof(T));
+        array.items[array.count++] = item;
+    }
+
+    // Working stack of the iterative element parse, kept to reuse its room.
+    std::vector<XML_NODE*>& ParseStack() { return m_stack; }
+
+private:
+    struct Chunk {
+        std::unique_ptr<char[]> data;
+        size_t size;
+    };
+
+    void grow(void*& items, uint32_t& capacity, size_t itemSize);
+    void nextChunk(size_t bytes);
+
+    std::unique_ptr<char[]> m_text;
+    size_t m_textCapacity = 0;
+    std::vector<Chunk> m_chunks;
+    size_t m_current = 0;      // chunk being filled
+    size_t m_used = 0;         // bytes used in it
+    char* m_last = nullptr;    // start of the latest allocation, which may grow in place
+    std::vector<XML_NODE*> m_stack;
+};
+
+} // namespace UIKit

@@ -1,0 +1,49 @@
+#pragma once
+// The plain-function interface of the document layer: make a top element,
+// parse a document into it, search its children, read names, attributes and
+// text, and destroy it. Element and attribute names match without regard
+// to (ASCII) case; values are returned as stored, NUL-terminated UTF-8.
+//
+// Ownership: node_create makes a top element that owns the memory of its
+// whole tree; node_destroy on it frees everything. Every other element,
+// string and array belongs to that tree and lives until it is destroyed or
+// parsed again. Trees are not thread-safe: even reading parses pending
+// children, so one thread at a time.
+#include "xml/XmlTypes.h"
+
+#include <cstddef>
+
+namespace UIKit {
+
+// A new top element named `name`; a non-null `nameSpace` is stored as the
+// attribute "xmlns".
+uint32_t node_create(XML_NODE** element, const char* name, const char* nameSpace);
+
+// Empties `element`, names it "root" and parses the NUL-terminated `text`
+// into it: it takes the name, attributes and content of the document's top
+// element. In lazy mode, children stay unparsed until first searched. When
+// `doctype` is not null it receives the document's DOCTYPE record, or null.
+// Only top elements (from node_create) can hold a document.
+uint32_t node_set_doc(XML_NODE* element, const char* text, XML_DOCTYPE** doctype, bool lazy);
+// The same for `length` bytes (a NUL byte inside only cuts the strings it
+// falls in).
+uint32_t node_set_doc_n(XML_NODE* element, const char* text, size_t length, XML_DOCTYPE** doctype, bool lazy);
+
+// The first child matching `path` ("name" or "name/name/..."; null matches
+// every child), or null.
+XML_NODE* node_find_first(XML_NODE* element, const char* path);
+// The next match of `path` after `previous`, in document order, or null.
+XML_NODE* node_find_next(XML_NODE* element, const char* path, XML_NODE* previous);
+
+// The value of the first attribute with that name; null when there is none
+// or its value is empty.
+const char* node_attribute(const XML_NODE* element, const char* name);
+// The element's text or CDATA content, null when none.
+const char* node_value(XML_NODE* element);
+const char* node_name(const XML_NODE* element);
+
+// Frees a top element and its tree. An element inside a tree is taken out of
+// its parent; its memory goes with the tree's.
+uint32_t node_destroy(XML_NODE* element);
+
+} // namespace UIKit

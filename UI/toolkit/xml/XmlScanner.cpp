@@ -1,0 +1,104 @@
+#include "xml/XmlScanner.h"
+
+#include "xml/XmlEntities.h"
+
+namespace UIKit::XmlScanner {
+namespace {
+
+inline char lower(char c)
+{
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// After the name of an opening tag: whether the tag closes itself, and the
+// position after its ">". Quoted values are stepped over, as the attribute
+// reader does; "/" outside a value ends the tag as an empty element.
+char* openingTagEnd(char* pos, const char* end, bool& selfClosing)
+{
+    selfClosing = false;
+    while (pos < end) {
+        const char c = *pos;
+        if (c == '>')
+            return pos + 1;
+        if (c == '/') {
+            selfClosing = true;
+            return AfterTagEnd(pos, end);
+        }
+        if (c == '"') {
+            pos = Find(pos + 1, end, '"');
+            if (pos == end)
+                return pos;
+        }
+        ++pos;
+    }
+    return pos;
+}
+
+} // namespace
+
+char* FindText(char* pos, const char* end, const char* text)
+{
+    const size_t length = std::strlen(text);
+    while (pos < end) {
+        pos = Find(pos, end, text[0]);
+        if (static_cast<size_t>(end - pos) < length)
+            return const_cast<char*>(end);
+        if (std::memcmp(pos, text, length) == 0)
+            return pos;
+        ++pos;
+    }
+    return const_cast<char*>(end);
+}
+
+bool NameAt(const char* pos, const char* end, const char* name, size_t length)
+{
+    if (static_cast<size_t>(end - pos) < length)
+        return false;
+    for (size_t i = 0; i < length; ++i)
+        if (lower(pos[i]) != lower(name[i]))
+            return false;
+    return pos + length == end || EndsName(pos[length]);
+}
+
+char* SkipComment(char* pos, const char* end)
+{
+    char* close = FindText(pos + 4, end, "-->");
+    return close == end ? close : close + 3;
+}
+
+char* AfterTagEnd(char* pos, const char* end)
+{
+    char* close = Find(pos, end, '>');
+    return close == end ? close : close + 1;
+}
+
+char* FindClosingTag(char* pos, const char* end, const char* name, size_t length)
+{
+    const char first = lower(name[0]);
+    size_t depth = 1;
+    for (pos = Find(pos, end, '<'); pos < end; pos = Find(pos, end, '<')) {
+        const char next = pos[1]; // the NUL at end when pos is the last byte
+        if (next == '/') {
+            if (NameAt(pos + 2, end, name, length) && --depth == 0)
+                return pos;
+            pos += 2;
+        } else if (next == '!') {
+            if (StartsWith(pos, end, "<!--"))
+                pos = SkipComment(pos, end);
+            else if (StartsWith(pos, end, CDATA_IN))
+                pos = FindText(pos + CDATA_IN_LEN, end, CDATA_OUT);
+            else
+                pos += 2;
+        } else if (lower(next) == first && length > 0 && NameAt(pos + 1, end, name, length)) {
+            bool selfClosing = false;
+            pos = openingTagEnd(pos + 1 + length, end, selfClosing);
+            if (!selfClosing)
+                ++depth;
+        } else {
+            ++pos;
+        }
+    }
+    return const_cast<char*>(end);
+}
+
+} // namespace UIKit::XmlScanner
