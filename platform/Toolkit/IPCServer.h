@@ -1,0 +1,86 @@
+#pragma once
+// The listening end of a named IPC channel: a Unix-domain socket in the
+// application's runtime directory that only processes of the same user may
+// use. Run() starts a thread that accepts clients, reads one command from
+// each and hands it to every registered IPCConnectionEvent.
+//
+// Threads: OnExecute is called on the server's own thread, one command at
+// a time, outside the server's lock; handlers that touch windows must hand
+// the work to the GUI thread. A handler removed while a command is being
+// delivered may still receive that one command (the server holds its own
+// reference until then).
+//
+// Malformed, oversized, truncated or silent clients, and clients of another
+// user, are logged (naming the peer's pid and uid) and dropped; they never
+// stop the server from serving others.
+#include "Toolkit/FileDescriptor.h"
+#include "Toolkit/IPCConnectionEvent.h"
+#include "Toolkit/Mutex.h"
+#include "Toolkit/TString.h"
+#include "Toolkit/smart_ptr.h"
+
+#include <memory>
+#include <sys/types.h>
+#include <thread>
+#include <vector>
+
+namespace Toolkit {
+
+class IPCServerConnection;
+
+class IPCServer {
+public:
+    // A client must deliver its whole command within this many milliseconds
+    // (GetTickCount) of being accepted.
+    static constexpr unsigned c_readTimeoutMs = 2000;
+    // Clients served at once; more are refused until some finish.
+    static constexpr size_t c_maxClients = 32;
+
+    // The empty name is the application's default channel.
+    explicit IPCServer(const TString<wchar_t>& name = TString<wchar_t>());
+    ~IPCServer();
+    IPCServer(const IPCServer&) = delete;
+    IPCServer& operator=(const IPCServer&) = delete;
+
+    // Starts listening. False, with a log entry, when the socket cannot be
+    // made or another live process already serves the channel. A socket file
+    // left behind by a dead process is replaced. True if already running.
+    bool Run();
+    // Stops listening and waits for the server thread; removes the socket.
+    void Stop();
+    bool IsRunning() const { return m_thread.joinable(); }
+
+    // Guards the handler list; callers may hold it around several changes.
+    Mutex& GetLock() { return m_lock; }
+    void AddConnectionHandler(smart_ptr<IPCConnectionEvent> handler);
+    // Removes the first registration of the same object.
+    void RemoveConnectionHandler(const smart_ptr<IPCConnectionEvent>& handler);
+
+    const TString<wchar_t>& GetName() const { return m_name; }
+    // The socket file; empty until Run() has resolved it.
+    const TString<char>& GetSocketPath() const { return m_path; }
+
+private:
+    bool replaceStaleSocket();
+    void serve();
+    void acceptClients(std::vector<std::unique_ptr<IPCServerConnection>>& clients);
+    void serviceClient(IPCServerConnection& client, bool& finished);
+    void expireClients(std::vector<std::unique_ptr<IPCServerConnection>>& clients);
+    void dispatch(const TString<wchar_t>& command);
+    void closeListener();
+
+    TString<wchar_t> m_name;
+    TString<char> m_path;
+    Mutex m_lock;
+    std::vector<smart_ptr<IPCConnectionEvent>> m_handlers;
+
+    FileDescriptor m_listener;
+    FileDescriptor m_wakeRead;
+    FileDescriptor m_wakeWrite;
+    // Identity of the socket file we bound, so Stop() removes only ours.
+    dev_t m_socketDev = 0;
+    ino_t m_socketIno = 0;
+    std::thread m_thread;
+};
+
+} // namespace Toolkit

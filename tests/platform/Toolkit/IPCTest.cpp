@@ -1,0 +1,300 @@
+#include "Toolkit/IPCClient.h"
+#include "Toolkit/IPCProtocol.h"
+#include "Toolkit/IPCServer.h"
+#include "Toolkit/PathManager.h"
+#include "Toolkit/Thread.h"
+#include "Toolkit/UTF8.h"
+
+#include "PeerProcess.h"
+#include "TestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <cstring>
+#include <filesystem>
+#include <mutex>
+#include <stdexcept>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+using Toolkit::IPCClient;
+using Toolkit::IPCServer;
+using Toolkit::TString;
+
+// Collects the commands a server delivers.
+class RecordingHandler : public Toolkit::IPCConnectionEvent {
+public:
+    void OnExecute(TString<wchar_t> command) override
+    {
+        std::lock_guard lock(m_mutex);
+        m_commands.push_back(command);
+        m_onMain = m_onMain || Toolkit::Thread::IsMainThread();
+        m_changed.notify_all();
+    }
+    // Waits (bounded) until `count` commands have arrived.
+    std::vector<TString<wchar_t>> WaitFor(size_t count)
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait_for(lock, std::chrono::seconds(10), [&] { return m_commands.size() >= count; });
+        return m_commands;
+    }
+    std::vector<TString<wchar_t>> Commands()
+    {
+        std::lock_guard lock(m_mutex);
+        return m_commands;
+    }
+    bool CalledOnMain()
+    {
+        std::lock_guard lock(m_mutex);
+        return m_onMain;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::vector<TString<wchar_t>> m_commands;
+    bool m_onMain = false;
+};
+
+class ThrowingHandler : public Toolkit::IPCConnectionEvent {
+public:
+    void OnExecute(TString<wchar_t>) override { throw std::runtime_error("window already gone"); }
+};
+
+// Each test gets its own application name and runtime directory, so test
+// processes running side by side never share a channel.
+class IPCTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        static int serial = 0;
+        m_app = "ipctest-" + std::to_string(::getpid()) + "-" + std::to_string(++serial);
+        m_runtime = m_dir.Str() + "/run/" + m_app;
+        Toolkit::PathManager::Instance().SetRuntimeDir(m_runtime);
+        Toolkit::PathManager::Instance().SetApplicationName(m_app);
+    }
+    void TearDown() override
+    {
+        Toolkit::PathManager::Instance().SetRuntimeDir("");
+        Toolkit::PathManager::Instance().SetApplicationName("");
+    }
+    // A connected raw socket to the server, with a bounded read time.
+    int RawConnect(const IPCServer& server)
+    {
+        const int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::strncpy(address.sun_path, server.GetSocketPath().c_str(), sizeof address.sun_path - 1);
+        timeval tv{10, 0};
+        ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &tv, sizeof tv);
+        EXPECT_EQ(::connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        return fd;
+    }
+    // Reads until the server closes the connection; false on time-out.
+    static bool ServerCloses(int fd)
+    {
+        char buffer[64];
+        ssize_t n;
+        while ((n = ::recv(fd, buffer, sizeof buffer, 0)) > 0) {
+        }
+        return n == 0;
+    }
+    std::wstring PeerTag() const { return L"pid " + std::to_wstring(::getpid()) + L" uid " + std::to_wstring(::geteuid()); }
+
+    testsupport::TempDir m_dir;
+    std::string m_app;
+    std::string m_runtime;
+};
+
+TEST_F(IPCTest, SecondProcessActivatesTheFirst)
+{
+    IPCServer server;
+    auto handler = Toolkit::make_smart<RecordingHandler>();
+    server.AddConnectionHandler(handler);
+    ASSERT_TRUE(server.Run());
+    EXPECT_TRUE(server.IsRunning());
+
+    struct stat st {};
+    ASSERT_EQ(::stat(server.GetSocketPath().c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 0777, 0600u);
+    ASSERT_EQ(::stat(m_runtime.c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 0777, 0700u);
+
+    testsupport::PeerProcess peer({"send", m_runtime, m_app, "", "IPC_ACTIVATE"});
+    ASSERT_TRUE(peer.Started());
+    EXPECT_EQ(peer.Wait(), 0) << "the peer's command was not acknowledged";
+    const auto commands = handler->WaitFor(1);
+    ASSERT_EQ(commands.size(), 1u);
+    EXPECT_EQ(commands[0], L"IPC_ACTIVATE");
+    EXPECT_FALSE(handler->CalledOnMain()) << "commands arrive on the server's thread";
+
+    // Non-ASCII text survives the trip; a named channel is a different one.
+    EXPECT_TRUE(IPCClient::Connect(L"", L"Gr\u00FC\u00DFe \u2713"));
+    EXPECT_EQ(handler->WaitFor(2).back(), L"Gr\u00FC\u00DFe \u2713");
+    testsupport::LogCapture log;
+    EXPECT_FALSE(IPCClient::Connect(L"other", L"IPC_ACTIVATE"));
+    EXPECT_TRUE(log.Contains(L"cannot reach IPC channel " + Toolkit::UTF8::ToUNICODE(m_runtime) + L"/other.ipc"))
+        << log.Dump();
+
+    server.Stop();
+    EXPECT_FALSE(server.IsRunning());
+    EXPECT_NE(::access(server.GetSocketPath().c_str(), F_OK), 0) << "the socket file outlives the server";
+    testsupport::PeerProcess late({"send", m_runtime, m_app, "", "IPC_ACTIVATE"});
+    EXPECT_EQ(late.Wait(), 1) << "nobody serves the channel any more";
+    EXPECT_EQ(handler->Commands().size(), 2u);
+}
+
+TEST_F(IPCTest, MalformedClientsAreLoggedAndIgnored)
+{
+    using Toolkit::IPCProtocol;
+    const std::string tooLong = {'T', 'K', 'I', 'P', 1, 1, 0, 0, 0, 1, 0, 1}; // 65537 bytes announced
+    const struct {
+        const char* name;
+        std::string bytes;
+        const wchar_t* logged;
+    } cases[] = {
+        {"garbage", "GET / HTTP/1.0\r\n\r\n", L"bad magic"},
+        {"future version", std::string("TKIP\x09\x01\0\0\0\0\0\0", 12), L"unsupported protocol version 9"},
+        {"unknown kind", std::string("TKIP\x01\x07\0\0\0\0\0\0", 12), L"unknown message kind 7"},
+        {"oversized", tooLong, L"65537 bytes is over the limit of 65536"},
+        {"acknowledgement sent to the server", IPCProtocol::Encode(IPCProtocol::Ack, ""), L"not a command"},
+        {"truncated payload", IPCProtocol::Encode(IPCProtocol::Command, "IPC_ACTIVATE").substr(0, 15),
+         L"connection closed after 15 bytes"},
+        {"truncated header", "TKI", L"connection closed after 3 bytes"},
+        {"nothing at all", "", L"connection closed after 0 bytes"},
+    };
+    IPCServer server;
+    auto handler = Toolkit::make_smart<RecordingHandler>();
+    server.AddConnectionHandler(handler);
+    ASSERT_TRUE(server.Run());
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        testsupport::LogCapture log;
+        const int fd = RawConnect(server);
+        ASSERT_EQ(::send(fd, c.bytes.data(), c.bytes.size(), MSG_NOSIGNAL), ssize_t(c.bytes.size()));
+        ::shutdown(fd, SHUT_WR);
+        EXPECT_TRUE(ServerCloses(fd));
+        ::close(fd);
+        // The server keeps serving, and the bad message reached no handler.
+        EXPECT_TRUE(IPCClient::Connect(L"", Toolkit::UTF8::ToUNICODE(c.name)));
+        const auto commands = handler->WaitFor(1);
+        ASSERT_EQ(commands.size(), 1u);
+        EXPECT_EQ(commands[0], Toolkit::UTF8::ToUNICODE(c.name));
+        const auto entries = log.Entries();
+        size_t matching = 0;
+        for (const auto& e : entries)
+            matching += e.message.HasSubstring(c.logged) && e.message.HasSubstring(PeerTag()) &&
+                        e.severity == Toolkit::LogError;
+        EXPECT_EQ(matching, 1u) << log.Dump();
+        server.RemoveConnectionHandler(handler);
+        handler = Toolkit::make_smart<RecordingHandler>();
+        server.AddConnectionHandler(handler);
+    }
+}
+
+TEST_F(IPCTest, SilentClientTimesOutWithoutBlockingOthers)
+{
+    testsupport::FakeClock clock;
+    testsupport::LogCapture log;
+    IPCServer server;
+    auto handler = Toolkit::make_smart<RecordingHandler>();
+    server.AddConnectionHandler(handler);
+    ASSERT_TRUE(server.Run());
+
+    const int silent = RawConnect(server);
+    // Served while the silent client is still connected; the server accepts
+    // clients in order, so the silent one is now waited for too.
+    ASSERT_TRUE(IPCClient::Connect(L"", L"IPC_ACTIVATE"));
+    EXPECT_EQ(handler->WaitFor(1).size(), 1u);
+    EXPECT_FALSE(log.Contains(L"no complete message"));
+
+    clock.Advance(IPCServer::c_readTimeoutMs);
+    EXPECT_TRUE(ServerCloses(silent));
+    ::close(silent);
+    EXPECT_EQ(log.Count(PeerTag() + L" on " + Toolkit::UTF8::ToUNICODE(server.GetSocketPath()) +
+                        L": no complete message within 2000 ms; ignored"),
+              1u)
+        << log.Dump();
+}
+
+TEST_F(IPCTest, StaleSocketIsReplacedButALiveOneIsNot)
+{
+    testsupport::LogCapture log;
+    // A socket file whose process is gone: bound, never listened, closed.
+    ASSERT_EQ(::mkdir((m_dir.Str() + "/run").c_str(), 0700), 0);
+    ASSERT_EQ(::mkdir(m_runtime.c_str(), 0700), 0);
+    const std::string path = m_runtime + "/" + m_app + ".ipc";
+    {
+        const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+        ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        ::close(fd);
+    }
+    IPCServer first;
+    ASSERT_TRUE(first.Run());
+    EXPECT_TRUE(log.Contains(L"replaced stale IPC socket " + Toolkit::UTF8::ToUNICODE(path)));
+    EXPECT_TRUE(first.Run()) << "running again is harmless";
+
+    IPCServer second(L"");
+    EXPECT_FALSE(second.Run());
+    EXPECT_TRUE(log.Contains(L"is already served by another process"));
+    auto handler = Toolkit::make_smart<RecordingHandler>();
+    first.AddConnectionHandler(handler);
+    EXPECT_TRUE(IPCClient::Connect(L"", L"still here"));
+    EXPECT_EQ(handler->WaitFor(1).size(), 1u);
+
+    // Stopping is idempotent and a stopped server can run again.
+    first.Stop();
+    first.Stop();
+    ASSERT_TRUE(first.Run());
+    EXPECT_TRUE(IPCClient::Connect(L"", L"again"));
+    EXPECT_EQ(handler->WaitFor(2).size(), 2u);
+    first.Stop();
+
+    // What is not a socket is never removed.
+    testsupport::LogCapture refusals;
+    const auto blocker = m_dir.Write("run/" + m_app + "/blocked.ipc", "keep me");
+    IPCServer blocked(L"blocked");
+    EXPECT_FALSE(blocked.Run());
+    EXPECT_TRUE(refusals.Contains(L"a file that is not a socket is in the way"));
+    EXPECT_TRUE(std::filesystem::exists(blocker));
+    IPCServer tooLong(TString<wchar_t>(120, L'x'));
+    EXPECT_FALSE(tooLong.Run());
+    EXPECT_TRUE(refusals.Contains(L"IPC socket path is too long"));
+    EXPECT_EQ(refusals.Size(), 2u) << refusals.Dump();
+}
+
+TEST_F(IPCTest, HandlersAreAddedAndRemovedUnderTheLock)
+{
+    testsupport::LogCapture log;
+    IPCServer server(L"handlers");
+    auto first = Toolkit::make_smart<RecordingHandler>();
+    auto second = Toolkit::make_smart<RecordingHandler>();
+    {
+        Toolkit::MutexLocker lock(server.GetLock());
+        server.AddConnectionHandler(first);
+        server.AddConnectionHandler(Toolkit::make_smart<ThrowingHandler>());
+        server.AddConnectionHandler(second);
+    }
+    ASSERT_TRUE(server.Run());
+    ASSERT_TRUE(IPCClient::Connect(L"handlers", L"one"));
+    EXPECT_EQ(first->WaitFor(1).size(), 1u);
+    EXPECT_EQ(second->WaitFor(1).size(), 1u) << "a throwing handler stops nobody";
+    EXPECT_EQ(log.Count(L"failed: window already gone"), 1u) << log.Dump();
+
+    server.RemoveConnectionHandler(first);
+    server.RemoveConnectionHandler(first); // not registered any more: nothing happens
+    ASSERT_TRUE(IPCClient::Connect(L"handlers", L"two"));
+    EXPECT_EQ(second->WaitFor(2).size(), 2u);
+    EXPECT_EQ(first->Commands().size(), 1u);
+}
+
+} // namespace
