@@ -1,0 +1,22 @@
+#pragma once
+// One row of a navigation table ("Event" or "Shortcut" element): in this
+// sequence and state, this control id runs this transition or fires this
+// hot key. Empty fields are given meaning by the table that holds the row.
+#include "Toolkit/TString.h"
+#include "Toolkit/smart_ptr.h"
+
+namespace UIKit {
+
+class XMLNode;
+
+struct EventDescriptor {
+    explicit EventDescriptor(Toolkit::smart_ptr<XMLNode> node);
+
+    TString<wchar_t> state;
+    int id = -1;
+    TString<wchar_t> sequence;
+    TString<wchar_t> transition;
+    TString<wchar_t> hotkey;
+};
+
+} // namespace UIKit

@@ -1,0 +1,28 @@
+#pragma once
+// The registry of named control descriptions ("templates") that plug-ins
+// declare; screens, list items and setting panels are built from them by
+// name. A template is keyed by its "class" value; the first registration of
+// a key wins.
+#include "descriptors/BaseCtrlDescriptor.h"
+#include "module/Singleton.h"
+
+#include <map>
+
+namespace UIKit {
+
+class TemplateManager : public Singleton<TemplateManager> {
+public:
+    // Registers every "Control" child of a "Templates" element.
+    void Load(Toolkit::smart_ptr<XMLNode> templates);
+    // Registers one descriptor under its class; false (and logged) when the
+    // key is taken.
+    bool Add(const Toolkit::smart_ptr<BaseCtrlDescriptor>& descriptor);
+    // The template of exactly that key, or null (logged).
+    Toolkit::smart_ptr<BaseCtrlDescriptor> Get(const TString<wchar_t>& key) const;
+    size_t Size() const { return m_templates.size(); }
+
+private:
+    std::map<TString<wchar_t>, Toolkit::smart_ptr<BaseCtrlDescriptor>> m_templates;
+};
+
+} // namespace UIKit

@@ -1,0 +1,20 @@
+#pragma once
+// A vertical scroll bar: a panel with a thumb image.
+#include "descriptors/PanelCtrlDescriptor.h"
+
+namespace UIKit {
+
+class VScrollBarDescriptor : public PanelCtrlDescriptor {
+public:
+    explicit VScrollBarDescriptor(Toolkit::smart_ptr<XMLNode> node)
+        : PanelCtrlDescriptor(node), m_thumbImage(ReadImage(node, "Thumb"))
+    {
+    }
+
+    const ImagePtr& GetThumbImage() const { return m_thumbImage; }
+
+private:
+    ImagePtr m_thumbImage;
+};
+
+} // namespace UIKit
