@@ -1,0 +1,125 @@
+#include "Toolkit/RegExp.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Toolkit::RegExp;
+using Toolkit::RegExpException;
+
+// The language-file patterns are the library's heaviest users.
+const char* const c_definition = "([A-Za-z0-9_]*)[ \\t\\r\\n\\v\\f]*\"(.*)\"";
+const char* const c_header = "^//\\s*CULTURE\\s*(?<name>[A-Za-z\\-]+)\\s*(?<nativeName>.*)";
+
+TEST(RegExpTest, MatchGivesNumberedGroupsAsUtf8)
+{
+    const RegExp definition(c_definition, 0);
+    EXPECT_EQ(definition.GetGroupCount(), 2u);
+    struct Case {
+        std::wstring line;
+        bool success;
+        std::string key;
+        std::string text;
+    };
+    const Case cases[] = {
+        {L"LB_OK \"OK\"", true, "LB_OK", "OK"},
+        {L"  LB_QUOTE\t\"say \"hi\" now\"  ", true, "LB_QUOTE", "say \"hi\" now"}, // greedy to the last quote
+        {L"\"only text\"", true, "", "only text"},
+        {L"LB_FR \"\u00E9t\u00E9 \u4E2D\"", true, "LB_FR", "\xC3\xA9t\xC3\xA9 \xE4\xB8\xAD"},
+        {L"LB_EMPTY \"\"", true, "LB_EMPTY", ""},
+        {L"BEGIN", false, "", ""},
+        {L"", false, "", ""},
+    };
+    for (const auto& c : cases) {
+        const auto m = definition.Match(c.line);
+        EXPECT_EQ(m.Success(), c.success) << testing::PrintToString(c.line);
+        EXPECT_EQ(m.Group(1), c.key) << testing::PrintToString(c.line);
+        EXPECT_EQ(m.Group(2), c.text) << testing::PrintToString(c.line);
+    }
+    const auto m = definition.Match(TString<char>("x KEY \"v\""));
+    EXPECT_EQ(m.Group(0), "KEY \"v\"");
+    EXPECT_EQ(m.Position(0), 2u);
+    EXPECT_EQ(m.Group(7), ""); // no such group
+}
+
+TEST(RegExpTest, NamedAndOptionalGroups)
+{
+    const RegExp header(c_header, 0);
+    const auto m = header.Match(TString<wchar_t>(L"// CULTURE zh-Hans \u4E2D\u6587(\u7B80\u4F53)"));
+    ASSERT_TRUE(m.Success());
+    EXPECT_EQ(m.Group("name"), "zh-Hans");
+    EXPECT_EQ(m.Group("nativeName"), "\xE4\xB8\xAD\xE6\x96\x87(\xE7\xAE\x80\xE4\xBD\x93)");
+    EXPECT_EQ(m.Group(1), "zh-Hans");
+    EXPECT_FALSE(m.HasGroup("missing"));
+    EXPECT_FALSE(header.Match(TString<char>("KEY \"// CULTURE fr\"")).Success());
+
+    const RegExp optional("(a)?(b)", 0);
+    const auto partial = optional.Match(TString<char>("b"));
+    ASSERT_TRUE(partial.Success());
+    EXPECT_FALSE(partial.HasGroup(1));
+    EXPECT_TRUE(partial.HasGroup(2));
+    EXPECT_EQ(partial.GroupCount(), 3u);
+}
+
+TEST(RegExpTest, IsMatchTestsTheWholeText)
+{
+    const RegExp number("-?[\\d]+", 0);
+    struct Case {
+        const wchar_t* text;
+        bool whole;
+        bool found;
+    };
+    const Case cases[] = {
+        {L"12", true, true},    {L"-12", true, true}, {L"12a", false, true}, {L"a12", false, true},
+        {L"", false, false},    {L"-", false, false}, {L"1 2", false, true}, {L"\u0661\u0662", false, false},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(number.IsMatch(TString<wchar_t>(c.text)), c.whole) << testing::PrintToString(std::wstring(c.text));
+        EXPECT_EQ(number.Match(TString<wchar_t>(c.text)).Success(), c.found) << testing::PrintToString(std::wstring(c.text));
+    }
+    // An alternation must not be satisfied by its first branch alone.
+    EXPECT_TRUE(RegExp("a|ab", 0).IsMatch(TString<char>("ab")));
+
+    const RegExp caseless("caf\u00C9", RegExp::IgnoreCase);
+    EXPECT_TRUE(caseless.IsMatch(TString<wchar_t>(L"CAF\u00E9")));
+    EXPECT_FALSE(RegExp("caf\u00C9", 0).IsMatch(TString<wchar_t>(L"caf\u00E9")));
+}
+
+TEST(RegExpTest, FailuresThrowWithPcre2Message)
+{
+    struct Case {
+        const char* pattern;
+        const char* message;
+    };
+    const Case cases[] = {
+        {"(unclosed", "missing closing parenthesis"},
+        {"[a-", "missing terminating ] for character class"},
+        {"a{2,1}", "numbers out of order in {} quantifier"},
+        {"(?<n>a)(?<n>b)", "two named subpatterns have the same name"},
+        {"\xFF", "UTF-8 error"},
+    };
+    for (const auto& c : cases) {
+        try {
+            RegExp bad(c.pattern, 0);
+            ADD_FAILURE() << c.pattern << " compiled";
+        } catch (const RegExpException& e) {
+            EXPECT_NE(e.GetMessage().find(c.message), std::string::npos) << e.what();
+            EXPECT_GE(e.GetOffset(), 0) << c.pattern;
+        }
+    }
+
+    const RegExp word("\\w+", 0);
+    try {
+        word.Match(TString<char>("ok \xC3"));
+        ADD_FAILURE() << "invalid UTF-8 text matched";
+    } catch (const RegExpException& e) {
+        EXPECT_NE(e.GetMessage().find("UTF-8 error"), std::string::npos) << e.what();
+        EXPECT_EQ(e.GetOffset(), -1);
+    }
+
+    // Catastrophic backtracking stops at the match limit instead of hanging.
+    const RegExp nested("(a+)+$", 0);
+    EXPECT_THROW(nested.Match(TString<char>(std::string(40, 'a') + "!")), RegExpException);
+}
+
+} // namespace
