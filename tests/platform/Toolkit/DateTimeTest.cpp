@@ -1,0 +1,108 @@
+#include "Toolkit/DateTime.h"
+
+#include "TestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+namespace {
+
+using Toolkit::DateTime;
+
+TEST(DateTimeTest, MonthArithmeticClampsTheDayAndCrossesYears)
+{
+    struct Case {
+        DateTime start;
+        bool add;
+        unsigned years, months, days, seconds;
+        DateTime expected;
+    };
+    const Case cases[] = {
+        {{2009, 4, 15, 8, 30, 0}, true, 0, 1, 0, 0, {2009, 5, 15, 8, 30, 0}},
+        {{2009, 12, 15}, true, 0, 1, 0, 0, {2010, 1, 15}},
+        {{2010, 1, 15}, false, 0, 1, 0, 0, {2009, 12, 15}},
+        {{2024, 1, 31}, true, 0, 1, 0, 0, {2024, 2, 29}},
+        {{2023, 1, 31}, true, 0, 1, 0, 0, {2023, 2, 28}},
+        {{2023, 3, 31}, false, 0, 1, 0, 0, {2023, 2, 28}},
+        {{2023, 5, 31}, true, 0, 1, 0, 0, {2023, 6, 30}},
+        {{2023, 12, 31}, true, 0, 2, 0, 0, {2024, 2, 29}},
+        {{2024, 2, 29}, true, 1, 0, 0, 0, {2025, 2, 28}},
+        {{2009, 11, 30}, true, 0, 25, 0, 0, {2011, 12, 30}},
+        {{2009, 1, 31}, false, 1, 13, 0, 0, {2006, 12, 31}},
+        {{2024, 1, 31}, true, 0, 1, 1, 0, {2024, 3, 1}}, // months first, then days
+        {{2009, 12, 31, 23, 59, 30}, true, 0, 0, 0, 45, {2010, 1, 1, 0, 0, 15}},
+        {{2010, 1, 1}, false, 0, 0, 1, 1, {2009, 12, 30, 23, 59, 59}},
+        {{2024, 2, 28}, true, 0, 0, 2, 0, {2024, 3, 1}},
+        {{9999, 11, 15}, true, 0, 3, 0, 0, {9999, 12, 15}},              // saturates at the last month
+        {{9999, 12, 31, 23, 0, 0}, true, 0, 0, 5, 0, {9999, 12, 31, 23, 59, 59}},
+        {{1, 2, 1}, false, 0, 3, 0, 0, {1, 1, 1}},
+        {{2009, 1, 1}, true, 4000000000u, 0, 0, 0, {9999, 12, 1}}, // the month saturates, the day stays
+    };
+    for (const auto& c : cases) {
+        DateTime d = c.start;
+        if (c.add)
+            d.Add(c.years, c.months, c.days, c.seconds);
+        else
+            d.Remove(c.years, c.months, c.days, c.seconds);
+        EXPECT_EQ(std::wstring(d.Format()), std::wstring(c.expected.Format()))
+            << std::wstring(c.start.Format()) << (c.add ? " + " : " - ") << c.years << "y " << c.months << "m " << c.days << "d "
+            << c.seconds << "s";
+    }
+}
+
+TEST(DateTimeTest, FieldsComparisonsAndClamping)
+{
+    const DateTime d(2009, 4, 15, 8, 30, 5);
+    EXPECT_EQ(d.GetYear(), 2009);
+    EXPECT_EQ(d.GetMonth(), 4);
+    EXPECT_EQ(d.GetDay(), 15);
+    EXPECT_EQ(d.GetHour(), 8);
+    EXPECT_EQ(d.GetMinute(), 30);
+    EXPECT_EQ(d.GetSecond(), 5);
+    EXPECT_EQ(d.GetDayOfWeek(), 3); // a Wednesday
+    EXPECT_EQ(DateTime::GetDaysInMonth(2000, 2), 29);
+    EXPECT_EQ(DateTime::GetDaysInMonth(1900, 2), 28);
+
+    const DateTime earlier(2009, 4, 15, 8, 30, 4);
+    DateTime copy = d;
+    EXPECT_TRUE(copy == d);
+    EXPECT_FALSE(copy != d);
+    EXPECT_TRUE(earlier < d);
+    EXPECT_TRUE(d > earlier);
+    EXPECT_TRUE(earlier <= d && d <= copy);
+    EXPECT_TRUE(d >= copy && !(earlier >= d));
+    EXPECT_TRUE(DateTime(2008, 12, 31, 23, 59, 59) < DateTime(2009, 1, 1));
+
+    testsupport::LogCapture log;
+    struct Case {
+        int y, mo, d, h, mi, s;
+        const wchar_t* expected;
+    };
+    const Case cases[] = {
+        {2009, 2, 30, 0, 0, 0, L"2009-02-28 00:00:00"},
+        {2009, 13, 0, 24, 60, 61, L"2009-12-01 23:59:59"},
+        {0, 0, 1, -1, -1, -1, L"0001-01-01 00:00:00"},
+        {12000, 6, 31, 0, 0, 0, L"9999-06-30 00:00:00"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(DateTime(c.y, c.mo, c.d, c.h, c.mi, c.s).Format(), c.expected);
+    EXPECT_EQ(log.Count(L"clamped into range"), 4u) << log.Dump();
+}
+
+TEST(DateTimeTest, DefaultIsNowInLocalTime)
+{
+    auto local = [] {
+        const std::time_t t = std::time(nullptr);
+        std::tm tm{};
+        localtime_r(&t, &tm);
+        return DateTime(tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, std::min(tm.tm_sec, 59));
+    };
+    const DateTime before = local();
+    const DateTime now;
+    const DateTime after = local();
+    EXPECT_LE(before, now);
+    EXPECT_LE(now, after);
+}
+
+} // namespace
