@@ -1,0 +1,186 @@
+#include "Toolkit/IniFile.h"
+
+#include "TestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace {
+
+using Toolkit::IniFile;
+
+const char* const c_bundle =
+    "\xEF\xBB\xBF; bundle configuration\n"
+    "top = level\n"
+    "[MainBundle]\n"
+    "  Entry =  Core  \r\n"
+    "Plugs=,Sms,,Contacts,\n"
+    "# a comment\n"
+    "\n"
+    "[ MainBundle.Lite ] ; trailing comment\n"
+    "Entry=Lite\n"
+    "Padded=\"  keep  \"\n"
+    "Equation=a=b ; c\n"
+    "Count=42\n"
+    "Negative= -7 \n"
+    "NotNumber=4x\n"
+    "Huge=99999999999999999999\n"
+    "[Bundle.Core]\n"
+    "GipDep=Browser,Settings\n"
+    "gipdep=Replaced\n"
+    "Name=\xC3\x89t\xC3\xA9\n";
+
+TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
+{
+    testsupport::LogCapture log;
+    testsupport::TempDir dir;
+    IniFile ini;
+    ASSERT_TRUE(ini.Open(TString<char>(dir.Write("conf.ini", c_bundle).string())));
+    EXPECT_EQ(log.Size(), 0u) << log.Dump();
+    EXPECT_TRUE(ini.GetMalformedLines().empty());
+
+    struct Case {
+        const wchar_t* section;
+        const wchar_t* key;
+        bool present;
+        std::wstring value;
+    };
+    const Case cases[] = {
+        {L"", L"top", true, L"level"},
+        {L"MainBundle", L"Entry", true, L"Core"},
+        {L"mainbundle", L"ENTRY", true, L"Core"},
+        {L"MainBundle", L"Plugs", true, L",Sms,,Contacts,"},
+        {L"MainBundle.Lite", L"Entry", true, L"Lite"},
+        {L"MainBundle.Lite", L"Padded", true, L"  keep  "},
+        {L"MainBundle.Lite", L"Equation", true, L"a=b ; c"},
+        {L"Bundle.Core", L"GipDep", true, L"Replaced"},
+        {L"Bundle.Core", L"Name", true, L"\u00C9t\u00E9"},
+        {L"MainBundle", L"Missing", false, L""},
+        {L"Bundle.Sms", L"GipDep", false, L""},
+    };
+    for (const auto& c : cases) {
+        TString<wchar_t> value = L"untouched";
+        EXPECT_EQ(ini.Get(c.section, c.key, value), c.present) << testing::PrintToString(std::wstring(c.key));
+        EXPECT_EQ(value, c.present ? c.value : L"untouched");
+        EXPECT_EQ(ini.GetString(c.section, c.key, L"default"), c.present ? c.value : L"default");
+    }
+    EXPECT_TRUE(ini.HasSection(L"BUNDLE.CORE"));
+    EXPECT_FALSE(ini.HasSection(L"Bundle"));
+    EXPECT_EQ(ini.GetSectionNames(), (std::vector<TString<wchar_t>>{L"", L"MainBundle", L"MainBundle.Lite", L"Bundle.Core"}));
+    EXPECT_EQ(ini.GetKeyNames(L"bundle.core"), (std::vector<TString<wchar_t>>{L"GipDep", L"Name"}));
+
+    EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Count", -1), 42);
+    EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Negative", -1), -7);
+    EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"NotNumber", -1), -1);
+    EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Huge", -1), -1);
+    EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Entry", -1), -1);
+    EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Absent", 5), 5);
+}
+
+TEST(IniFileTest, MalformedLinesAreSkippedAndReportedOncePerFile)
+{
+    testsupport::LogCapture log;
+    testsupport::TempDir dir;
+    const auto path = dir.Write("bad.ini", "[Good]\n"
+                                           "a=1\n"
+                                           "no equals sign\n"
+                                           "[Unclosed\n"
+                                           "=no key\n"
+                                           "b=2\n"
+                                           "[]\n"
+                                           "[Sec] junk\n"
+                                           "bad=\xFF\n" +
+                                               std::string("nul=a\0b\n", 8) + "c=3\n");
+    IniFile ini;
+    ASSERT_TRUE(ini.Open(TString<char>(path.string())));
+    EXPECT_EQ(ini.GetMalformedLines(), (std::vector<size_t>{3, 4, 5, 7, 8, 9, 10}));
+    EXPECT_EQ(ini.GetInt(L"Good", L"a", 0), 1);
+    EXPECT_EQ(ini.GetInt(L"Good", L"b", 0), 2);
+    EXPECT_EQ(ini.GetInt(L"Good", L"c", 0), 3); // bad headers do not open sections
+    EXPECT_FALSE(ini.HasKey(L"Good", L"bad"));
+    EXPECT_FALSE(ini.HasKey(L"Good", L"nul"));
+    ASSERT_EQ(log.Size(), 1u) << log.Dump();
+    EXPECT_TRUE(log.Contains(L"bad.ini:3: malformed line skipped: \"no equals sign\" (6 more, at line 4 5 7 8 9 10)"))
+        << log.Dump();
+
+    log.Clear();
+    IniFile quiet;
+    ASSERT_TRUE(quiet.Open(TString<char>(path.string()), IniFile::Report::Quiet));
+    EXPECT_EQ(quiet.GetMalformedLines().size(), 7u);
+    EXPECT_EQ(log.Size(), 0u);
+
+    EXPECT_FALSE(quiet.Open(TString<char>(dir.Str() + "/missing.ini")));
+    EXPECT_EQ(log.Count(L"missing.ini"), 1u);
+}
+
+TEST(IniFileTest, SetRefusesWhatCouldNotBeReadBack)
+{
+    testsupport::LogCapture log;
+    IniFile ini;
+    struct Case {
+        const wchar_t* section;
+        const wchar_t* key;
+        const wchar_t* value;
+        bool accepted;
+    };
+    const Case cases[] = {
+        {L"S", L"k", L"v", true},
+        {L"", L"global", L"v", true},
+        {L"S", L"k", L"  blanks and \"quotes\"  ", true},
+        {L"S", L"k", L"line\nbreak", false},
+        {L"S", L"k", L"cr\r", false},
+        {L"S", L"", L"v", false},
+        {L"S", L"a=b", L"v", false},
+        {L"S", L" k", L"v", false},
+        {L"S", L";k", L"v", false},
+        {L"S", L"[k", L"v", false},
+        {L"S]", L"k", L"v", false},
+        {L" S", L"k", L"v", false},
+        {L"S\n", L"k", L"v", false},
+    };
+    size_t refused = 0;
+    for (const auto& c : cases) {
+        EXPECT_EQ(ini.Set(c.section, c.key, c.value), c.accepted) << testing::PrintToString(std::wstring(c.key));
+        refused += !c.accepted;
+    }
+    EXPECT_EQ(log.Size(), refused) << log.Dump();
+}
+
+TEST(IniFileTest, SaveWritesWhatOpenReadsBack)
+{
+    testsupport::TempDir dir;
+    const TString<char> path = dir.Str() + "/out.ini";
+    IniFile ini;
+    const std::vector<std::pair<std::wstring, std::wstring>> values{
+        {L"plain", L"value"},         {L"blanks", L"  padded  "}, {L"quoted", L"\"already quoted\""},
+        {L"empty", L""},              {L"equals", L"x=y"},        {L"hash", L"# not a comment"},
+        {L"unicode", L"\u4E2D\u6587"}, {L"quote", L"\""},
+    };
+    for (const auto& [key, value] : values)
+        ASSERT_TRUE(ini.Set(L"Section", key, value));
+    ASSERT_TRUE(ini.Set(L"", L"global", L"g"));
+    ASSERT_TRUE(ini.SetInt(L"Numbers", L"n", -12));
+    ASSERT_TRUE(ini.SaveAs(path));
+
+    IniFile back;
+    ASSERT_TRUE(back.Open(path));
+    EXPECT_TRUE(back.GetMalformedLines().empty());
+    for (const auto& [key, value] : values)
+        EXPECT_EQ(back.GetString(L"section", key), value) << testing::PrintToString(key);
+    EXPECT_EQ(back.GetString(L"", L"global"), L"g");
+    EXPECT_EQ(back.GetInt(L"numbers", L"N", 0), -12);
+    EXPECT_EQ(back.ToText(), ini.ToText());
+
+    EXPECT_TRUE(back.RemoveKey(L"SECTION", L"PLAIN"));
+    EXPECT_FALSE(back.RemoveKey(L"Section", L"plain"));
+    EXPECT_TRUE(back.RemoveSection(L"numbers"));
+    ASSERT_TRUE(back.Save());
+    IniFile again;
+    ASSERT_TRUE(again.Open(path));
+    EXPECT_FALSE(again.HasKey(L"Section", L"plain"));
+    EXPECT_FALSE(again.HasSection(L"Numbers"));
+    EXPECT_TRUE(again.HasKey(L"Section", L"blanks"));
+}
+
+} // namespace
