@@ -3,7 +3,7 @@
 //   ipc_peer send  RUNTIME_DIR APP_NAME CHANNEL COMMAND   exit 0 when delivered, 1 otherwise
 //   ipc_peer claim RUNTIME_DIR APP_NAME                   exit 0 when claimed, 3 when already running
 //   ipc_peer hold  RUNTIME_DIR APP_NAME                   prints "claimed" or "running", then
-//                                                         holds the claim until stdin closes
+//                                                         holds the claim until killed (60 s at most)
 #include "Toolkit/ILogger.h"
 #include "Toolkit/IPCClient.h"
 #include "Toolkit/PathManager.h"
@@ -46,10 +46,9 @@ int main(int argc, char** argv)
         Toolkit::SingleApplicationInstance instance;
         std::printf("%s\n", instance.IsAlreadyRunning() ? "running" : "claimed");
         std::fflush(stdout);
-        char buffer[64];
-        while (::read(STDIN_FILENO, buffer, sizeof buffer) > 0) {
-        }
-        return 0;
+        ::alarm(60); // never outlive a test that forgot to kill us
+        for (;;)
+            ::pause();
     }
     return usage();
 }

@@ -14,40 +14,28 @@ namespace testsupport {
 
 PeerProcess::PeerProcess(const std::vector<std::string>& arguments)
 {
-    int in[2], out[2];
-    if (::pipe2(in, O_CLOEXEC) != 0)
+    int out[2];
+    if (::pipe2(out, O_CLOEXEC) != 0)
         return;
-    if (::pipe2(out, O_CLOEXEC) != 0) {
-        ::close(in[0]);
-        ::close(in[1]);
-        return;
-    }
     const std::string program = std::string(UIKIT_BIN_DIR) + "/ipc_peer";
     std::vector<char*> argv{const_cast<char*>(program.c_str())};
     for (const auto& a : arguments)
         argv.push_back(const_cast<char*>(a.c_str()));
     argv.push_back(nullptr);
-
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, in[0], STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
     if (::posix_spawn(&m_pid, program.c_str(), &actions, nullptr, argv.data(), environ) != 0)
         m_pid = -1;
     posix_spawn_file_actions_destroy(&actions);
-    ::close(in[0]);
     ::close(out[1]);
-    m_input = in[1];
     m_output = out[0];
 }
 
 PeerProcess::~PeerProcess()
 {
-    if (m_pid > 0 && m_status < 0) {
-        Kill();
-        Wait();
-    }
-    CloseInput();
+    Kill();
+    Wait();
     if (m_output >= 0)
         ::close(m_output);
 }
@@ -62,13 +50,6 @@ std::string PeerProcess::ReadLine()
     return line;
 }
 
-void PeerProcess::CloseInput()
-{
-    if (m_input >= 0)
-        ::close(m_input);
-    m_input = -1;
-}
-
 void PeerProcess::Kill()
 {
     if (m_pid > 0 && m_status < 0)
@@ -77,10 +58,8 @@ void PeerProcess::Kill()
 
 int PeerProcess::Wait()
 {
-    if (m_pid <= 0)
-        return -1;
-    if (m_status >= 0)
-        return m_status;
+    if (m_pid <= 0 || m_status >= 0)
+        return m_pid <= 0 ? -1 : m_status;
     int status = 0;
     while (::waitpid(m_pid, &status, 0) < 0) {
         if (errno != EINTR)
