@@ -23,6 +23,7 @@ void XmlDocument::Reset()
     m_used = 0;
     m_last = nullptr;
     m_stack.clear();
+    m_closingTags.Reset();
 }
 
 char* XmlDocument::SetText(const char* text, size_t length)

@@ -4,6 +4,7 @@
 // array of the tree is allocated. Everything is released together when the
 // document is destroyed; Reset() forgets the tree but keeps the memory, so
 // parsing again into the same top element allocates nothing once warm.
+#include "xml/XmlClosingTags.h"
 #include "xml/XmlTypes.h"
 
 #include <cstddef>
@@ -43,6 +44,7 @@ public:
 
     // Working stack of the iterative element parse, kept to reuse its room.
     std::vector<XML_NODE*>& ParseStack() { return m_stack; }
+    XmlClosingTags& ClosingTags() { return m_closingTags; }
 
 private:
     struct Chunk {
@@ -60,6 +62,7 @@ private:
     size_t m_used = 0;         // bytes used in it
     char* m_last = nullptr;    // start of the latest allocation, which may grow in place
     std::vector<XML_NODE*> m_stack;
+    XmlClosingTags m_closingTags;
 };
 
 } // namespace UIKit

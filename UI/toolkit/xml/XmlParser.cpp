@@ -240,7 +240,10 @@ char* XmlParser::parseChild(XML_NODE* parent, char* pos, char* end)
 char* XmlParser::deferChildren(XML_NODE* element, char* pos, char* end)
 {
     const char* name = element->tag.name;
-    char* close = FindClosingTag(pos, end, name, std::strlen(name));
+    XmlClosingTags& learnt = m_document.ClosingTags();
+    char* close = learnt.Find(name);
+    if (!close || close < pos || close > end)
+        close = FindClosingTag(pos, end, name, std::strlen(name), learnt);
     element->pending = pos;
     element->pendingLength = static_cast<uint32_t>(close - pos);
     m_stack.pop_back();

@@ -1,5 +1,6 @@
 #include "xml/XmlScanner.h"
 
+#include "xml/XmlClosingTags.h"
 #include "xml/XmlEntities.h"
 
 namespace UIKit::XmlScanner {
@@ -72,15 +73,23 @@ char* AfterTagEnd(char* pos, const char* end)
     return close == end ? close : close + 1;
 }
 
-char* FindClosingTag(char* pos, const char* end, const char* name, size_t length)
+char* FindClosingTag(char* pos, const char* end, const char* name, size_t length, XmlClosingTags& learnt)
 {
     const char first = lower(name[0]);
+    auto& open = learnt.Open();
+    open.clear();
     size_t depth = 1;
     for (pos = Find(pos, end, '<'); pos < end; pos = Find(pos, end, '<')) {
         const char next = pos[1]; // the NUL at end when pos is the last byte
         if (next == '/') {
-            if (NameAt(pos + 2, end, name, length) && --depth == 0)
-                return pos;
+            if (NameAt(pos + 2, end, name, length)) {
+                if (depth > XmlClosingTags::kMinDepth) {
+                    learnt.Add(open.back(), pos);
+                    open.pop_back();
+                }
+                if (--depth == 0)
+                    return pos;
+            }
             pos += 2;
         } else if (next == '!') {
             if (StartsWith(pos, end, "<!--"))
@@ -91,13 +100,17 @@ char* FindClosingTag(char* pos, const char* end, const char* name, size_t length
                 pos += 2;
         } else if (lower(next) == first && length > 0 && NameAt(pos + 1, end, name, length)) {
             bool selfClosing = false;
+            char* tagName = pos + 1;
             pos = openingTagEnd(pos + 1 + length, end, selfClosing);
-            if (!selfClosing)
-                ++depth;
+            if (!selfClosing && ++depth > XmlClosingTags::kMinDepth)
+                open.push_back(tagName);
         } else {
             ++pos;
         }
     }
+    // Elements left open run to the end of the text, as this one does.
+    for (char* tagName : open)
+        learnt.Add(tagName, const_cast<char*>(end));
     return const_cast<char*>(end);
 }
 

@@ -5,6 +5,10 @@
 #include <cstddef>
 #include <cstring>
 
+namespace UIKit {
+class XmlClosingTags;
+}
+
 namespace UIKit::XmlScanner {
 
 inline bool IsBlank(char c)
@@ -58,7 +62,8 @@ char* AfterTagEnd(char* pos, const char* end);
 // In the content of an element named `name`, starting at pos: the "<" of
 // the element's own closing tag, counting nested elements of the same name
 // (an opening tag counts unless it ends in "/>") and stepping over comments
-// and CDATA sections; end when the element never closes.
-char* FindClosingTag(char* pos, const char* end, const char* name, size_t length);
+// and CDATA sections; end when the element never closes. Where deeply
+// nested elements of the same name close is added to `learnt`.
+char* FindClosingTag(char* pos, const char* end, const char* name, size_t length, XmlClosingTags& learnt);
 
 } // namespace UIKit::XmlScanner

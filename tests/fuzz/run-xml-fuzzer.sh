@@ -1,0 +1,27 @@
+#!/bin/sh
+# Builds the XML document-layer fuzz target (the wx-free files
+# UI/toolkit/xml/Xml*.cpp) with clang's libFuzzer and the
+# address and undefined-behaviour sanitizers, then runs it on one core.
+#   tests/fuzz/run-xml-fuzzer.sh [seconds]      (default 60)
+# Work files go to fuzz-out/ at the top of the tree; an input that crashes
+# is written to fuzz-out/xml/artifacts/ and belongs, once fixed, in
+# tests/data/xml/regressions/ (replayed by uikit_tests).
+set -eu
+seconds=${1:-60}
+here=$(cd "$(dirname "$0")" && pwd)
+root=$(cd "$here/../.." && pwd)
+out="$root/fuzz-out/xml"
+cxx=${CXX_FUZZ:-clang++-14}
+mkdir -p "$out/corpus" "$out/artifacts"
+
+"$cxx" -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined \
+    -I"$root/UI/toolkit" \
+    "$here/xml_fuzzer.cpp" "$root"/UI/toolkit/xml/Xml[A-Z]*.cpp \
+    -o "$out/xml_fuzzer"
+
+# The seed corpus stays as committed; new inputs go to the work corpus.
+# libFuzzer writes its log (fuzz-0.log) to the current directory.
+cd "$out"
+exec "$out/xml_fuzzer" "$out/corpus" "$here/corpus/xml" "$root/tests/data/xml/regressions" \
+    -dict="$here/xml.dict" -max_total_time="$seconds" -max_len="${MAX_LEN:-4096}" -jobs=1 -workers=1 \
+    -artifact_prefix="$out/artifacts/" -print_final_stats=1
