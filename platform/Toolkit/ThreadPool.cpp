@@ -3,6 +3,7 @@
 #include "Toolkit/ILogger.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <cxxabi.h>
 #include <exception>
 #include <memory>
