@@ -1,5 +1,7 @@
 #include "controls/ImageCtrl.h"
 
+#include "descriptors/ImageDescriptor.h"
+
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -103,6 +105,29 @@ ImageCtrl::ImageCtrl(const wxImage& image, const wxSize& size, unsigned int top,
     : m_left(left), m_right(right), m_top(top), m_bottom(bottom), m_source(image)
 {
     Resize(size);
+}
+
+ImageCtrl::ImageCtrl(Toolkit::smart_ptr<ImageDescriptor> descriptor, const wxSize& size)
+    : m_left(0), m_right(0), m_top(0), m_bottom(0)
+{
+    if (descriptor) {
+        unsigned int margins[4];
+        MarginsOf(*descriptor, margins);
+        m_top = margins[0];
+        m_left = margins[1];
+        m_right = margins[2];
+        m_bottom = margins[3];
+        m_source = descriptor->GetImage();
+    }
+    Resize(size);
+}
+
+void ImageCtrl::MarginsOf(const ImageDescriptor& descriptor, unsigned int margins[4])
+{
+    const wxRect& margin = descriptor.GetMargin();
+    const int values[4] = {margin.x, margin.y, margin.width, margin.height};
+    for (int i = 0; i < 4; ++i)
+        margins[i] = values[i] < 0 ? 0u : unsigned(values[i]);
 }
 
 ImageCtrl::~ImageCtrl() = default;

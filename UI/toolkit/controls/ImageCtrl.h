@@ -3,6 +3,8 @@
 // are kept as they are, the edges are stretched along their length and the
 // centre in both directions, so that one small image can dress a panel or a
 // button of any size. Not a window: owners call Draw from their paint code.
+#include "Toolkit/smart_ptr.h"
+
 #include <wx/bitmap.h>
 #include <wx/dc.h>
 #include <wx/gdicmn.h>
@@ -10,11 +12,14 @@
 
 namespace UIKit {
 
+class ImageDescriptor;
+
 class ImageCtrl {
 public:
     // Margins in the order an image descriptor lists its "margin" values.
     ImageCtrl(const wxImage& image, const wxSize& size, unsigned int top, unsigned int left, unsigned int right,
               unsigned int bottom);
+    ImageCtrl(Toolkit::smart_ptr<ImageDescriptor> descriptor, const wxSize& size);
     virtual ~ImageCtrl();
 
     // Renders the source at the size; an invalid source or a size below 1
@@ -34,6 +39,10 @@ public:
     unsigned int GetMarginRight() const { return m_right; }
     unsigned int GetMarginTop() const { return m_top; }
     unsigned int GetMarginBottom() const { return m_bottom; }
+
+    // The descriptor's four "margin" values in the constructor's order (top,
+    // left, right, bottom); a negative value counts as 0.
+    static void MarginsOf(const ImageDescriptor& descriptor, unsigned int margins[4]);
 
     // An image of that size whose alpha is 0 everywhere.
     static wxImage CreateTransparentImage(int width, int height);

@@ -1,4 +1,5 @@
 #include "controls/ImageCtrl.h"
+#include "descriptors/ImageDescriptor.h"
 
 #include <gtest/gtest.h>
 
@@ -227,7 +228,7 @@ TEST(ImageCtrlTest, BlitClipsToBothImagesAndSettlesAlpha)
     EXPECT_EQ(before.GetAlpha(0, 0), 0);
 }
 
-TEST(ImageCtrlTest, DrawPaintsTheRendering)
+TEST(ImageCtrlTest, DrawPaintsTheRenderingAndDescriptorMarginsKeepTheirOrder)
 {
     ImageCtrl ctrl(nineSliceImage(), wxSize(40, 40), 10, 10, 10, 10);
     wxBitmap canvas(50, 50, 24);
@@ -244,4 +245,16 @@ TEST(ImageCtrlTest, DrawPaintsTheRendering)
         EXPECT_EQ(painted.GetRed(p.x + 5, p.y + 5), expected.GetRed(p.x, p.y));
         EXPECT_EQ(painted.GetBlue(p.x + 5, p.y + 5), expected.GetBlue(p.x, p.y));
     }
+
+    // The margin attribute lists top, left, right, bottom.
+    auto descriptor = Toolkit::make_smart<UIKit::ImageDescriptor>(nineSliceImage(), L"button.png",
+                                                                   wxRect(1, 2, 3, -4));
+    ImageCtrl fromDescriptor(descriptor, wxSize(40, 40));
+    EXPECT_EQ(fromDescriptor.GetMarginTop(), 1u);
+    EXPECT_EQ(fromDescriptor.GetMarginLeft(), 2u);
+    EXPECT_EQ(fromDescriptor.GetMarginRight(), 3u);
+    EXPECT_EQ(fromDescriptor.GetMarginBottom(), 0u) << "a negative margin counts as none";
+    EXPECT_EQ(fromDescriptor.GetSize(), wxSize(40, 40));
+    ImageCtrl none(Toolkit::smart_ptr<UIKit::ImageDescriptor>(), wxSize(40, 40));
+    EXPECT_FALSE(none.GetBitmap().IsOk());
 }
