@@ -17,6 +17,10 @@
 //   SingleApplicationInstance 16
 //
 // A manager joins by adding its row below with those two numbers.
+#include "appearance/Appearance.h"
+#include "appearance/ConfDataFile.h"
+#include "descriptors/TemplateManager.h"
+#include "factory/CtrlFactory.h"
 #include "module/SingletonTable.h"
 
 namespace UIKit {
@@ -25,6 +29,10 @@ const SingletonTable& SingletonTable::Library()
 {
     static const SingletonTable table({
         // SingletonTable::Entry<Manager>("Manager", creation, release),
+        SingletonTable::Entry<Appearance>("Appearance", 3, 14),
+        SingletonTable::Entry<ConfDataFile>("ConfDataFile", 4, 12),
+        SingletonTable::Entry<CtrlFactory>("CtrlFactory", 6, 2),
+        SingletonTable::Entry<TemplateManager>("TemplateManager", 7, 3),
     });
     return table;
 }

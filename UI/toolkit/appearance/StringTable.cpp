@@ -1,0 +1,63 @@
+#include "appearance/StringTable.h"
+
+#include "Toolkit/UTF8.h"
+
+namespace UIKit {
+namespace {
+
+// The first prime of the usual bucket series at or above 100.
+constexpr size_t c_initialBuckets = 193;
+
+const TString<wchar_t>& emptyText()
+{
+    static const TString<wchar_t> empty;
+    return empty;
+}
+
+} // namespace
+
+size_t StringTable::KeyHash::operator()(const TString<char>& key) const noexcept
+{
+    size_t h = 0;
+    for (const char c : key)
+        h = 5 * h + size_t(static_cast<signed char>(c));
+    return h;
+}
+
+StringTable::StringTable() : m_strings(c_initialBuckets) {}
+
+const TString<wchar_t>& StringTable::MissingText()
+{
+    static const TString<wchar_t> missing(L"Missing Label key");
+    return missing;
+}
+
+const TString<wchar_t>& StringTable::Get(const TString<char>& key) const
+{
+    if (key.empty())
+        return emptyText();
+    const auto found = m_strings.find(key);
+    return found == m_strings.end() ? MissingText() : found->second;
+}
+
+bool StringTable::Contains(const TString<char>& key) const
+{
+    return !key.empty() && m_strings.find(key) != m_strings.end();
+}
+
+const TString<wchar_t>& StringTable::GetOrAdd(const TString<char>& key)
+{
+    if (key.empty())
+        return emptyText();
+    const auto found = m_strings.find(key);
+    if (found != m_strings.end())
+        return found->second;
+    return m_strings.emplace(key, Toolkit::UTF8::ToUNICODE(key)).first->second;
+}
+
+void StringTable::Set(const TString<char>& key, const TString<wchar_t>& text)
+{
+    m_strings.insert_or_assign(key, text);
+}
+
+} // namespace UIKit
