@@ -48,4 +48,22 @@ public:
     }
 };
 
+// Makes descriptors only: for classes that are not built as child controls,
+// such as frames, which the host creates itself and then configures.
+template <class DescriptorT>
+class DescriptorGenerator : public ICtrlFactoryGenerator {
+public:
+    static Toolkit::smart_ptr<ICtrlFactoryGenerator> Make()
+    {
+        return Toolkit::smart_ptr<ICtrlFactoryGenerator>(new DescriptorGenerator());
+    }
+
+    Toolkit::smart_ptr<BaseCtrlDescriptor> CreateDescriptor(Toolkit::smart_ptr<XMLNode> node) override
+    {
+        return Toolkit::smart_ptr<BaseCtrlDescriptor>(new DescriptorT(node));
+    }
+
+    Control* CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor>, wxWindow*, int) override { return nullptr; }
+};
+
 } // namespace UIKit

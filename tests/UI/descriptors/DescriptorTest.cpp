@@ -1,0 +1,230 @@
+#include "DescriptorTestSupport.h"
+
+#include "descriptors/ButtonCtrlDescriptor.h"
+#include "descriptors/EditTextCtrlDescriptor.h"
+#include "descriptors/EventDescriptor.h"
+#include "descriptors/FrameCtrlDescriptor.h"
+#include "descriptors/ProgressBarCtrlDescriptor.h"
+#include "descriptors/ScreenDescriptor.h"
+#include "descriptors/StatesBoxCtrlDescriptor.h"
+#include "descriptors/WritableDataButtonCtrlDescriptor.h"
+#include "factory/CtrlGenerator.h"
+#include "xml/IResourceProvider.h"
+
+using namespace UIKit;
+using descriptortest::Document;
+
+namespace {
+
+class DescriptorTest : public descriptortest::FactoryFixture {
+protected:
+    void SetUp() override
+    {
+        FactoryFixture::SetUp();
+        Factory().AddGenerator(L"Panel", DescriptorGenerator<PanelCtrlDescriptor>::Make());
+        Factory().AddGenerator(L"Button", DescriptorGenerator<ButtonCtrlDescriptor>::Make());
+    }
+};
+
+TEST_F(DescriptorTest, BaseValuesPresentAbsentAndMalformed)
+{
+    const Document full(R"(<Control class="Panel" NAME="main" id="ID_OK" bounds="1,2,300,40" min_size="10;20"
+        max_size="30,40" visible="no" enable="Yes" tab="1" padding="4,5,6,7">
+        <Color back="1,2,3,255"/><Style parent_position="TopRight"/></Control>)");
+    auto d = full.Make<BaseCtrlDescriptor>();
+    EXPECT_EQ(d->GetClass(), L"Panel");
+    EXPECT_EQ(d->GetName(), L"main");
+    EXPECT_EQ(d->GetId(), 8020);
+    EXPECT_EQ(d->GetBounds(), wxRect(1, 2, 300, 40));
+    EXPECT_EQ(d->GetMinSize(), wxSize(10, 20));
+    EXPECT_EQ(d->GetMaxSize(), wxSize(30, 40));
+    EXPECT_FALSE(d->IsVisible());
+    EXPECT_FALSE(d->IsEnabled()) << "only the exact text yes is true";
+    EXPECT_FALSE(d->IsTab());
+    EXPECT_EQ(d->GetBackColour(), wxColour(1, 2, 3, 255));
+    EXPECT_FALSE(d->GetForeColour().IsOk());
+    EXPECT_FALSE(d->GetBackAltColour().IsOk());
+    EXPECT_FALSE(d->GetForeSelectedColour().IsOk());
+    EXPECT_EQ(d->GetPadding(), wxRect(4, 5, 6, 7));
+    EXPECT_EQ(d->GetParentPosition(), Drawing::TopRight);
+
+    const Document empty("<Control/>");
+    auto e = empty.Make<BaseCtrlDescriptor>();
+    EXPECT_EQ(e->GetId(), -1);
+    EXPECT_TRUE(e->IsVisible() && e->IsEnabled() && e->IsTab());
+    EXPECT_EQ(e->GetBounds(), wxRect());
+    EXPECT_EQ(e->GetParentPosition(), Drawing::MiddleRight);
+
+    const Document odd(R"(<Control id="id_ok" bounds="1,2,3"><Style parent_position="topleft"/></Control>)");
+    auto o = odd.Make<BaseCtrlDescriptor>();
+    EXPECT_EQ(o->GetId(), -1);
+    EXPECT_EQ(o->GetBounds(), wxRect());
+    EXPECT_EQ(o->GetParentPosition(), Drawing::MiddleLeft);
+}
+
+TEST_F(DescriptorTest, ChildrenAndTemplatesKeepOrderAndSkipUnknownClasses)
+{
+    const Document doc(R"(<Control class="Panel" name="root">
+        <Control class="Button" name="a"/>
+        <Control class="Unknown" name="skipped"/>
+        <Control class="Panel" name="b">
+          <Control class="Panel" name="inner"><Template class="Panel" name="deep"/></Control>
+          <Template class="Panel" name="shared"/>
+        </Control>
+        <Control class="Panel" name="a"/>
+        <Template class="Panel" name="top"/>
+      </Control>)");
+    auto root = Factory().CreateDescriptor(doc.Root());
+    ASSERT_TRUE(root.DynamicCast<PanelCtrlDescriptor>());
+    ASSERT_EQ(root->GetControls().size(), 3u);
+    EXPECT_EQ(root->GetControls()[0]->GetName(), L"a");
+    EXPECT_EQ(root->GetControls()[1]->GetName(), L"b");
+    EXPECT_TRUE(root->GetControls()[0].DynamicCast<ButtonCtrlDescriptor>());
+    EXPECT_EQ(root->GetControl(L"a").get(), root->GetControls()[0].get()) << "the first of two wins";
+    EXPECT_FALSE(root->GetControl(L"inner")) << "only direct children";
+
+    EXPECT_TRUE(root->GetTemplate(L"top", false));
+    EXPECT_FALSE(root->GetTemplate(L"deep", false));
+    ASSERT_TRUE(root->GetTemplate(L"deep", true)) << "found two levels down";
+    EXPECT_EQ(root->GetTemplate(L"shared", true)->GetName(), L"shared");
+
+    // A copy shares the children instead of copying them.
+    PanelCtrlDescriptor copy(root.DynamicCast<PanelCtrlDescriptor>());
+    EXPECT_EQ(copy.GetControls()[1].get(), root->GetControls()[1].get());
+}
+
+TEST_F(DescriptorTest, FontRulesForFaceSizeWeightAndColours)
+{
+    struct Case {
+        const char* font;
+        const wchar_t* face;
+        int points;
+        wxFontWeight weight;
+        wxFontStyle style;
+    };
+    const Case cases[] = {
+        {R"(<Font name="Tavro Standard Light" ptsize="12"/>)", L"Sans", 10, wxFONTWEIGHT_NORMAL, wxFONTSTYLE_NORMAL},
+        {R"(<Font name="Serif" ptsize="12" weight="BOLD" style="ITALIC"/>)", L"Serif", 11, wxFONTWEIGHT_BOLD,
+         wxFONTSTYLE_ITALIC},
+        {R"(<Font ptsize="12" weight="bold" style="italic"/>)", nullptr, 11, wxFONTWEIGHT_NORMAL, wxFONTSTYLE_NORMAL},
+        {"", nullptr, 9, wxFONTWEIGHT_NORMAL, wxFONTSTYLE_NORMAL},
+    };
+    for (const auto& c : cases) {
+        const Document doc(std::string("<Control>") + c.font + "</Control>");
+        FontDescriptor font(doc.Root());
+        EXPECT_EQ(font.GetFont().GetPointSize(), c.points) << c.font;
+        EXPECT_EQ(font.GetFont().GetWeight(), c.weight) << c.font;
+        EXPECT_EQ(font.GetFont().GetStyle(), c.style) << c.font;
+        if (c.face) {
+            EXPECT_EQ(font.GetFont().GetFaceName(), wxString(c.face)) << c.font;
+        }
+    }
+    const Document colours(R"(<Control><Font fore="1,2,3,255"/></Control>)");
+    FontDescriptor font(colours.Root());
+    EXPECT_EQ(font.GetDisabledColour(), wxColour(1, 2, 3, 255)) << "disabled falls back to fore";
+}
+
+TEST_F(DescriptorTest, LabelPlacementAndEditFlags)
+{
+    const std::pair<const char*, int> placements[] = {
+        {"MiddleLeft", 2048}, {"LEFT", 2048}, {"TopLeft", 0},        {"CENTER", 2304}, {"BottomRight", 1536},
+        {"RIGHT", 2560},      {"left", 2304}, {"", 2304},            {"TopCenter", 256},
+    };
+    for (const auto& [word, flags] : placements) {
+        const Document doc(std::string(R"(<Control><Label placement=")") + word + R"(">x</Label></Control>)");
+        EXPECT_EQ(doc.Make<StaticTextCtrlDescriptor>()->GetPlacement(), flags) << word;
+    }
+    const Document noLabel("<Control/>");
+    auto text = noLabel.Make<StaticTextCtrlDescriptor>();
+    EXPECT_TRUE(text->GetLabel().empty());
+    EXPECT_EQ(text->GetPlacement(), 2304);
+
+    const Document edit(R"(<Control><Style password="yes" multiline="yes" border="no"/><Filter>Num</Filter></Control>)");
+    auto e = edit.Make<EditTextCtrlDescriptor>();
+    EXPECT_TRUE(e->IsPassword() && e->IsMultiline() && !e->IsReadOnly() && !e->HasBorder());
+    EXPECT_EQ(e->GetFilter(), EditTextCtrlDescriptor::FilterNum);
+    const Document hex(R"(<Control><Filter>Hex</Filter></Control>)");
+    EXPECT_EQ(hex.Make<EditTextCtrlDescriptor>()->GetFilter(), EditTextCtrlDescriptor::FilterNone);
+    EXPECT_TRUE(hex.Make<EditTextCtrlDescriptor>()->HasBorder());
+}
+
+TEST_F(DescriptorTest, StatesBoxImagesOnlyWithExactlyOneStateImage)
+{
+    const Document one(R"(<Control><StateImage placement="TopRight" size="16,16" margin="1,2,3,4">
+        <ImageActive>on.png</ImageActive></StateImage></Control>)");
+    auto box = one.Make<StatesBoxCtrlDescriptor>();
+    EXPECT_EQ(box->GetStateImageSide(), Drawing::MiddleRight);
+    EXPECT_EQ(box->GetStateImageSize(), wxSize(16, 16));
+    EXPECT_EQ(box->GetStateImageMargin()->GetTop(), 2);
+    ASSERT_TRUE(box->GetActiveImage());
+    EXPECT_EQ(box->GetActiveImage()->GetName(), L"on.png");
+
+    const Document two(R"(<Control><StateImage placement="right"><ImageActive>on.png</ImageActive></StateImage>
+        <StateImage/></Control>)");
+    auto twice = two.Make<StatesBoxCtrlDescriptor>();
+    EXPECT_FALSE(twice->GetActiveImage());
+    EXPECT_EQ(twice->GetStateImageSide(), Drawing::MiddleLeft) << "placement words are case-sensitive";
+}
+
+TEST_F(DescriptorTest, ProgressBarFramesAndStyle)
+{
+    class StripProvider : public IResourceProvider {
+    public:
+        bool ReadDescriptor(const TString<wchar_t>&, std::vector<unsigned char>&) override { return false; }
+        wxImage GetGraphic(const TString<wchar_t>& name) override
+        {
+            return name == L"strip.png" ? wxImage(500, 10) : wxImage();
+        }
+        const TString<wchar_t>& GetAddStr(const TString<char>&) override { return m_empty; }
+        TString<wchar_t> m_empty;
+    } provider;
+    auto* previous = XMLLoader::GetResourceProvider();
+    XMLLoader::SetResourceProvider(&provider);
+    const Document animated(R"(<Control bounds="0,0,50,10"><AnimatedImages>none.png</AnimatedImages>
+        <Images>strip.png</Images></Control>)");
+    auto bar = animated.Make<ProgressBarCtrlDescriptor>();
+    EXPECT_EQ(bar->GetFrameCount(), 10);
+    EXPECT_EQ(bar->GetProgressStyle(), ProgressBarCtrlDescriptor::Animation);
+    EXPECT_EQ(bar->GetMaximum(), 100);
+    EXPECT_EQ(bar->GetFrameDelay(), -1);
+
+    const Document plain(R"(<Control bounds="0,0,0,10"><Images>strip.png</Images><Style progressStyle="block"/></Control>)");
+    auto block = plain.Make<ProgressBarCtrlDescriptor>();
+    EXPECT_EQ(block->GetFrameCount(), 0) << "a zero-width bar has no frames";
+    EXPECT_EQ(block->GetProgressStyle(), ProgressBarCtrlDescriptor::Block);
+    XMLLoader::SetResourceProvider(previous);
+}
+
+TEST_F(DescriptorTest, ScreenEventAndWritableButton)
+{
+    const Document screen(R"(<Control class="Screen" group="main"/>)");
+    auto s = screen.Make<ScreenDescriptor>();
+    EXPECT_EQ(s->GetGroup(), L"main");
+    EXPECT_FALSE(s->GetTitleImage().IsOk());
+    EXPECT_TRUE(s->GetTitleLabel().empty());
+
+    const Document event(R"(<Event sequence="Main" state="Home" id="ID_NEXT_STATE" transition="Slide"/>)");
+    EventDescriptor e(event.Root());
+    EXPECT_EQ(e.sequence, L"Main");
+    EXPECT_EQ(e.state, L"Home");
+    EXPECT_EQ(e.id, 8007);
+    EXPECT_EQ(e.transition, L"Slide");
+    EXPECT_TRUE(e.hotkey.empty());
+    const Document numbered(R"(<Event id="9100"/>)");
+    EXPECT_EQ(EventDescriptor(numbered.Root()).id, 9100);
+
+    const Document frame(R"(<Control/>)");
+    EXPECT_TRUE(frame.Make<FrameCtrlDescriptor>()->IsMovable());
+
+    const Document button(R"(<Control><Tooltip>tip</Tooltip><ExpandOnClick>yes</ExpandOnClick></Control>)");
+    WritableDataButtonCtrlDescriptor data(button.Make<ButtonCtrlDescriptor>());
+    EXPECT_TRUE(data.IsExpandOnClick());
+    data.AddValue(L"k", L"1");
+    data.AddValue(L"k", L"2");
+    EXPECT_EQ(data.GetValue(L"k"), L"2");
+    EXPECT_TRUE(data.GetValue(L"missing").empty());
+    data.ClearValue();
+    EXPECT_TRUE(data.GetValue(L"k").empty());
+}
+
+} // namespace

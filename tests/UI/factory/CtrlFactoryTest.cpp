@@ -1,0 +1,131 @@
+#include "../descriptors/DescriptorTestSupport.h"
+
+#include "TestSupport.h"
+#include "controls/Control.h"
+#include "descriptors/PanelCtrlDescriptor.h"
+#include "factory/CtrlGenerator.h"
+
+#include <wx/frame.h>
+
+using namespace UIKit;
+using descriptortest::Document;
+
+namespace {
+
+int g_destroyed = 0;
+
+class PlainCtrl : public Control {
+public:
+    PlainCtrl(wxWindow* parent, int id, const wxRect& bounds) : Control(parent, id, bounds, 0) {}
+    ~PlainCtrl() override { ++g_destroyed; }
+    void RefreshUpdate(bool) override {}
+};
+
+class FancyCtrl : public PlainCtrl {
+public:
+    using PlainCtrl::PlainCtrl;
+};
+
+class CtrlFactoryTest : public descriptortest::FactoryFixture {
+protected:
+    void SetUp() override
+    {
+        FactoryFixture::SetUp();
+        g_destroyed = 0;
+        m_frame = new wxFrame(nullptr, wxID_ANY, "factory");
+    }
+    void TearDown() override
+    {
+        delete m_frame;
+        FactoryFixture::TearDown();
+    }
+    wxFrame* m_frame = nullptr;
+};
+
+TEST_F(CtrlFactoryTest, FirstRegistrationWinsAndNamesAreCaseSensitive)
+{
+    auto g1 = CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make();
+    auto g2 = CtrlGenerator<PanelCtrlDescriptor, FancyCtrl>::Make();
+    Factory().AddGenerator(L"ButtonCtrl", g1);
+    Factory().AddGenerator(L"ButtonCtrl", g2);
+    EXPECT_EQ(Factory().GetGenerator(L"ButtonCtrl").get(), g1.get());
+    EXPECT_FALSE(Factory().GetGenerator(L"buttonctrl"));
+    Factory().RemoveGenerator(L"ButtonCtrl");
+    EXPECT_FALSE(Factory().GetGenerator(L"ButtonCtrl"));
+    Factory().AddGenerator(L"ButtonCtrl", g2);
+    EXPECT_EQ(Factory().GetGenerator(L"ButtonCtrl").get(), g2.get());
+
+    const Document unknown(R"(<Control class="buttonctrl"/>)");
+    EXPECT_FALSE(Factory().CreateDescriptor(unknown.Root()));
+    const Document noClass("<Control/>");
+    EXPECT_FALSE(Factory().CreateDescriptor(noClass.Root()));
+    EXPECT_EQ(Factory().CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor>(), m_frame, -1), nullptr);
+}
+
+TEST_F(CtrlFactoryTest, ControlsAreBuiltInOrderWithTheirDeclaredIdsAndUnknownOnesSkipped)
+{
+    Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    Factory().AddGenerator(L"Panel", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    const Document doc(R"(<Control class="Panel" name="root">
+        <Control class="Plain" name="first" id="ID_OK" bounds="1,2,30,20"/>
+        <Control class="Nobody" name="middle"/>
+        <Control class="Plain" name="last"/>
+      </Control>)");
+    auto root = Factory().CreateDescriptor(doc.Root());
+    ASSERT_TRUE(root);
+    ASSERT_EQ(root->GetControls().size(), 2u) << "the unknown class is left out of the description";
+
+    // A description of a class nobody builds, made directly, sits between them.
+    const Document nobody(R"(<Control class="Nobody"/>)");
+    DescriptorList three = root->GetControls();
+    three.insert(three.begin() + 1, Toolkit::make_smart<PanelCtrlDescriptor>(nobody.Root()));
+    std::list<Control*> built{nullptr};
+    Factory().CreateControls(built, three, m_frame, -1);
+    ASSERT_EQ(built.size(), 2u);
+    EXPECT_EQ(built.front()->GetName(), "first");
+    EXPECT_EQ(built.front()->GetId(), 8020) << "a control takes the id its description declares";
+    EXPECT_EQ(built.front()->GetRect(), wxRect(1, 2, 30, 20));
+    EXPECT_TRUE(built.front()->IsLoaded());
+    EXPECT_EQ(built.back()->GetName(), "last");
+}
+
+TEST_F(CtrlFactoryTest, TemplatesBuildOnlyTheRequestedKind)
+{
+    Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    Factory().AddGenerator(L"Fancy", CtrlGenerator<PanelCtrlDescriptor, FancyCtrl>::Make());
+    const Document templates(R"(<Templates><Control class="Plain"/><Control class="Fancy"/></Templates>)");
+    TemplateManager::Instance()->Load(templates.Root());
+
+    EXPECT_NE(Factory().CreateControl<FancyCtrl>(L"Fancy", m_frame, -1), nullptr);
+    EXPECT_NE(Factory().CreateControl<Control>(L"Plain", m_frame, -1), nullptr);
+    const size_t children = m_frame->GetChildren().size();
+    EXPECT_EQ(Factory().CreateControl<FancyCtrl>(L"Plain", m_frame, -1), nullptr);
+    EXPECT_EQ(m_frame->GetChildren().size(), children) << "a control of the wrong kind is destroyed";
+    EXPECT_EQ(g_destroyed, 1);
+
+    testsupport::LogCapture log;
+    EXPECT_EQ(Factory().CreateControl<Control>(L"Missing", m_frame, -1), nullptr);
+    EXPECT_TRUE(log.Contains(L" => Missing Interface Descriptor 'Missing' !")) << log.Dump();
+    EXPECT_STREQ(log.Entries().back().function, "CreateControl");
+}
+
+TEST_F(CtrlFactoryTest, TemplateRegistryKeysByClassAndKeepsTheFirst)
+{
+    Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    Factory().AddGenerator(L"", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    testsupport::LogCapture log;
+    const Document first(R"(<Templates><Control class="Plain" name="one"/><Control class="Unknown"/>
+        <Control name="nameless"/><Other class="Plain"/></Templates>)");
+    const Document second(R"(<Templates><Control class="Plain" name="two"/></Templates>)");
+    auto templates = TemplateManager::Instance();
+    templates->Load(first.Root());
+    templates->Load(second.Root());
+    EXPECT_EQ(templates->Size(), 2u);
+    EXPECT_EQ(templates->Get(L"Plain")->GetName(), L"one");
+    EXPECT_TRUE(log.Contains(L"Template KEY[Plain] already exists in the templates map"));
+    EXPECT_EQ(templates->Get(L"")->GetName(), L"nameless") << "an empty class is a key like any other";
+    EXPECT_FALSE(templates->Get(L"plain"));
+    EXPECT_TRUE(log.Contains(L"Template KEY[plain] does not exist in the templates map"));
+}
+
+} // namespace
