@@ -1,0 +1,58 @@
+#pragma once
+// The skinned push button: one image per state (normal, disabled, selected,
+// pointer over, pressed), a fitted label in the description's font, a tool
+// tip, and a click event on release over the button, at most once every
+// 500 ms counted from the end of the previous click's handling.
+#include "controls/PanelCtrl.h"
+
+#include <cstdint>
+
+namespace UIKit {
+
+class ButtonCtrl : public PanelCtrl {
+public:
+    static constexpr uint32_t c_clickIntervalMs = 500;
+
+    ButtonCtrl(wxWindow* parent, int id, const wxRect& bounds);
+
+    virtual void OnLeftDown(wxMouseEvent& event);
+    virtual void OnLeftUp(wxMouseEvent& event);
+    // Emits the click at once (keyboard activation): no interval, no state.
+    virtual void OnApplyControl(wxCommandEvent& event);
+
+    bool Enable(bool enable = true) override;
+    bool AcceptsFocus() const override { return false; }
+    bool AcceptsFocusFromKeyboard() const override { return false; }
+    bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor) override;
+    // Fits the text into the label area and redraws.
+    void SetControlLabel(const TString<wchar_t>& text) override;
+    void OnSize(wxSizeEvent& event) override;
+    void DrawCustom(wxDC& dc) override;
+
+    const wxRect& GetLabelArea() const { return m_labelArea; }
+    bool IsPressed() const { return m_pressed; }
+
+protected:
+    // The image the button shows in its current state, or null.
+    ImageCtrl* currentImage() const;
+
+private:
+    void loadButtonImages(const wxSize& size);
+    void emitClick();
+    void updateCursor(bool enabled);
+
+    wxRect m_labelArea;
+    bool m_pressed = false;
+    Toolkit::smart_ptr<ImageCtrl> m_disabledButtonImage;
+    Toolkit::smart_ptr<ImageCtrl> m_overImage;
+    Toolkit::smart_ptr<ImageCtrl> m_pressedImage;
+    Toolkit::smart_ptr<ImageCtrl> m_selectedButtonImage;
+    uint32_t m_lastClickTime = 0;
+
+    void onLeftDown(wxMouseEvent& e) { OnLeftDown(e); }
+    void onLeftUp(wxMouseEvent& e) { OnLeftUp(e); }
+
+    wxDECLARE_EVENT_TABLE();
+};
+
+} // namespace UIKit

@@ -1,0 +1,123 @@
+#include "frames/FrameCtrl.h"
+
+#include "Toolkit/Thread.h"
+#include "controls/ImageCtrl.h"
+#include "descriptors/FrameCtrlDescriptor.h"
+#include "factory/CtrlFactory.h"
+
+#include <wx/dcbuffer.h>
+#include <wx/dcmemory.h>
+#include <wx/utils.h>
+
+#include <list>
+
+namespace UIKit {
+
+wxBEGIN_EVENT_TABLE(FrameCtrl, wxSkinFrameBase)
+    EVT_PAINT(FrameCtrl::onPaint)
+    EVT_ERASE_BACKGROUND(FrameCtrl::onErase)
+    EVT_SIZE(FrameCtrl::onSize)
+    EVT_WINDOW_CREATE(FrameCtrl::OnWindowCreate)
+wxEND_EVENT_TABLE()
+
+FrameCtrl::FrameCtrl(wxWindow* parent, const TString<wchar_t>& title, int id, const wxRect& bounds, long style)
+    : wxSkinFrameBase(parent, title, id, bounds, style)
+{
+}
+
+bool FrameCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor)
+{
+    m_descriptor = descriptor;
+    const wxSize size = descriptor->GetBounds().GetSize();
+    // The frame's own background is not shared through the appearance cache:
+    // the frame resizes it in place.
+    if (auto panel = descriptor.DynamicCast<PanelCtrlDescriptor>())
+        if (panel->GetNormalImage() && panel->GetNormalImage()->IsOk())
+            m_background = Toolkit::make_smart<ImageCtrl>(panel->GetNormalImage(), size);
+
+    if (auto factory = CtrlFactory::Instance()) {
+        std::list<Control*> children;
+        factory->CreateControls(children, descriptor->GetControls(), this, -1);
+    }
+    if (auto frame = descriptor.DynamicCast<FrameCtrlDescriptor>())
+        SetMovable(frame->IsMovable());
+
+    SetSize(ClientToWindowSize(size));
+    Centre(wxBOTH);
+    if (descriptor->GetMinSize() != wxSize(-1, -1))
+        SetMinSize(descriptor->GetMinSize());
+    if (descriptor->GetMaxSize() != wxSize(-1, -1))
+        SetMaxSize(descriptor->GetMaxSize());
+    cutShape();
+    return true;
+}
+
+void FrameCtrl::cutShape()
+{
+    if (!m_background || !m_background->GetBitmap().IsOk())
+        return;
+    wxImage image = m_background->GetBitmap().ConvertToImage();
+    image.SetMaskColour(255, 0, 255);
+    SetWindowShape(image);
+}
+
+void FrameCtrl::OnWindowCreate(wxWindowCreateEvent& event)
+{
+    if (event.GetWindow() == this)
+        cutShape();
+    event.Skip();
+}
+
+bool FrameCtrl::CreateShape()
+{
+    if (m_background)
+        m_background->Resize(GetClientSize());
+    cutShape();
+    return true;
+}
+
+void FrameCtrl::OnPaint(wxPaintEvent&)
+{
+    wxAutoBufferedPaintDC dc(this);
+    if (m_background)
+        m_background->Draw(dc, wxPoint(0, 0));
+    DrawCustom(dc);
+}
+
+void FrameCtrl::OnSize(wxSizeEvent&)
+{
+    CreateShape();
+    Refresh(true);
+    Update();
+}
+
+void FrameCtrl::DrawBitmap(wxDC& dc, const wxRect& area)
+{
+    if (!m_background || !m_background->GetBitmap().IsOk())
+        return;
+    wxMemoryDC source;
+    source.SelectObjectAsSource(m_background->GetBitmap());
+    dc.Blit(0, 0, area.width, area.height, &source, area.x, area.y, wxCOPY, false);
+}
+
+bool FrameCtrl::Show(bool show)
+{
+    return wxSkinFrameBase::Show(show);
+}
+
+void FrameCtrl::SetWaitCursor()
+{
+    if (!Toolkit::Thread::IsMainThread())
+        return;
+    static const wxCursor wait(wxCURSOR_WAIT);
+    wxSetCursor(wait);
+}
+
+void FrameCtrl::RestorePreviousCursor()
+{
+    if (!Toolkit::Thread::IsMainThread())
+        return;
+    wxSetCursor(wxNullCursor);
+}
+
+} // namespace UIKit

@@ -1,0 +1,50 @@
+#pragma once
+// A skinned frame built from a frame description: its background image is
+// also its shape, its children come from the factory, and skinned controls
+// placed directly in it copy their background from it.
+#include "descriptors/BaseCtrlDescriptor.h"
+#include "frames/wxSkinFrameBase.h"
+
+namespace UIKit {
+
+class ImageCtrl;
+
+class FrameCtrl : public wxSkinFrameBase {
+public:
+    FrameCtrl(wxWindow* parent, const TString<wchar_t>& title, int id, const wxRect& bounds, long style);
+
+    virtual bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor);
+    // Draws what derived frames add over the background.
+    virtual void DrawCustom(wxDC&) {}
+    virtual void OnPaint(wxPaintEvent& event);
+    virtual void OnEraseBackground(wxEraseEvent&) {}
+    virtual void OnSize(wxSizeEvent& event);
+
+    // Re-cuts the outline from the background at the current client size.
+    bool CreateShape();
+    // Draws into `dc` at (0, 0) the part `area` of the background.
+    void DrawBitmap(wxDC& dc, const wxRect& area);
+    bool Show(bool show = true) override;
+
+    // The application-wide wait cursor; only the main thread may change it.
+    static void SetWaitCursor();
+    static void RestorePreviousCursor();
+
+    const Toolkit::smart_ptr<BaseCtrlDescriptor>& GetDescriptor() const { return m_descriptor; }
+    const Toolkit::smart_ptr<ImageCtrl>& GetBackground() const { return m_background; }
+
+private:
+    void OnWindowCreate(wxWindowCreateEvent& event);
+    void cutShape();
+
+    Toolkit::smart_ptr<ImageCtrl> m_background;
+    Toolkit::smart_ptr<BaseCtrlDescriptor> m_descriptor;
+
+    void onPaint(wxPaintEvent& e) { OnPaint(e); }
+    void onErase(wxEraseEvent& e) { OnEraseBackground(e); }
+    void onSize(wxSizeEvent& e) { OnSize(e); }
+
+    wxDECLARE_EVENT_TABLE();
+};
+
+} // namespace UIKit

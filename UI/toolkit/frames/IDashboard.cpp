@@ -1,0 +1,41 @@
+#include "frames/IDashboard.h"
+
+#include "Toolkit/Thread.h"
+#include "module/App.h"
+
+namespace UIKit {
+namespace {
+
+TString<wchar_t> applicationName()
+{
+    return App::m_wxApp ? TString<wchar_t>(App::m_wxApp->GetAppName().ToStdWstring()) : TString<wchar_t>();
+}
+
+} // namespace
+
+IDashboard::IDashboard(const wxRect& bounds)
+    : FrameCtrl(nullptr, applicationName(), -1, bounds,
+                wxCAPTION | wxSIMPLE_BORDER | wxCLIP_CHILDREN | wxCLOSE_BOX | wxSYSTEM_MENU | wxMINIMIZE_BOX |
+                    wxFRAME_SHAPED),
+      m_closingEvent(Toolkit::make_smart<Toolkit::EventObject>(false, false)),
+      m_waitingEvent(Toolkit::make_smart<Toolkit::EventObject>(false, false))
+{
+}
+
+bool IDashboard::IsClosing()
+{
+    return m_closingEvent->Wait(0);
+}
+
+bool IDashboard::WaitAndDispatch()
+{
+    while (m_waitingEvent->Wait(20) && !IsClosing()) {
+        if (!Toolkit::Thread::IsMainThread() || !wxTheApp)
+            continue;
+        while (wxTheApp->Pending())
+            wxTheApp->Dispatch();
+    }
+    return IsClosing();
+}
+
+} // namespace UIKit

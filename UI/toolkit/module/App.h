@@ -1,0 +1,30 @@
+#pragma once
+// The application object of the connection manager. It makes itself and the
+// main dashboard window reachable from anywhere; the host derives from it.
+#include "Toolkit/WxLogForwarder.h"
+#include "Toolkit/smart_ptr.h"
+
+#include <wx/app.h>
+
+namespace UIKit {
+
+class IDashboard;
+
+class App : public wxApp {
+public:
+    // The running application, set by OnInit and never cleared.
+    static App* m_wxApp;
+    // The main window; set by whoever creates it.
+    static IDashboard* m_pDashboard;
+
+    bool OnInit() override;
+
+    // The bridge from wx logging into the suite's logger; the owner may set
+    // it, and it goes with the application.
+    void SetLogForwarder(Toolkit::smart_ptr<Toolkit::WxLogForwarder> forwarder) { m_logForwarder = forwarder; }
+
+private:
+    Toolkit::smart_ptr<Toolkit::WxLogForwarder> m_logForwarder;
+};
+
+} // namespace UIKit

@@ -1,0 +1,48 @@
+#include "module/AppController.h"
+
+#include "factory/ControlIds.h"
+#include "frames/IDashboard.h"
+#include "module/App.h"
+#include "module/Util.h"
+
+namespace UIKit {
+
+void AppController::AddListener(Toolkit::smart_ptr<AppEvent> listener)
+{
+    Toolkit::MutexLocker lock(m_lock);
+    m_listeners.push_back(std::move(listener));
+}
+
+void AppController::RemoveListener(Toolkit::smart_ptr<AppEvent> listener)
+{
+    Toolkit::MutexLocker lock(m_lock);
+    for (auto it = m_listeners.begin(); it != m_listeners.end(); ++it)
+        if (it->get() == listener.get()) {
+            m_listeners.erase(it);
+            return;
+        }
+}
+
+bool AppController::DispatchAppRequestClose()
+{
+    Toolkit::MutexLocker lock(m_lock);
+    for (auto& listener : m_listeners)
+        if (!listener->OnAppRequestClose())
+            return false;
+    return true;
+}
+
+void AppController::DispatchAppStopping()
+{
+    Toolkit::MutexLocker lock(m_lock);
+    for (auto& listener : m_listeners)
+        listener->OnAppStopping();
+}
+
+void AppController::ShowCloseButton(bool show)
+{
+    if (App::m_pDashboard)
+        Util::ShowWindow(App::m_pDashboard, ID_FRAME_CLOSE, show, false);
+}
+
+} // namespace UIKit

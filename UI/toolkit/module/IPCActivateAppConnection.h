@@ -1,0 +1,17 @@
+#pragma once
+// Handles commands that a second start of the application sends to the
+// running one: "IPC_ACTIVATE" brings the main window to the front.
+#include "Toolkit/IPCConnectionEvent.h"
+
+namespace UIKit {
+
+class IPCActivateAppConnection : public Toolkit::IPCConnectionEvent {
+public:
+    static const TString<wchar_t> c_strActivateAppCmd;
+
+    // Called on the IPC server's thread; the raise itself is handed to the
+    // GUI thread.
+    void OnExecute(TString<wchar_t> command) override;
+};
+
+} // namespace UIKit

@@ -1,0 +1,15 @@
+#include "module/OpenUrlOperation.h"
+
+#include "frames/IDashboard.h"
+#include "module/App.h"
+
+namespace UIKit {
+
+void OpenUrlOperation::DoOperation()
+{
+    // The address is one argument of xdg-open, never shell text.
+    if (IDashboard* dashboard = App::m_pDashboard)
+        dashboard->RunCommand({L"xdg-open", m_url});
+}
+
+} // namespace UIKit

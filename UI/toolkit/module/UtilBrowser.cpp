@@ -1,0 +1,14 @@
+// Util: opening a web address without blocking the interface.
+#include "module/Util.h"
+
+#include "Toolkit/ThreadPool.h"
+#include "module/OpenUrlOperation.h"
+
+namespace UIKit {
+
+void Util::OpenBrowserUrl(const TString<wchar_t>& url)
+{
+    Toolkit::ThreadPool::Instance().AddOperation(Toolkit::make_smart<OpenUrlOperation>(url));
+}
+
+} // namespace UIKit
