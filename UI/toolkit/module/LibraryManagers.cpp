@@ -21,6 +21,8 @@
 #include "appearance/ConfDataFile.h"
 #include "descriptors/TemplateManager.h"
 #include "factory/CtrlFactory.h"
+#include "module/AppController.h"
+#include "module/SingleApplicationInstance.h"
 #include "module/SingletonTable.h"
 
 namespace UIKit {
@@ -29,6 +31,8 @@ const SingletonTable& SingletonTable::Library()
 {
     static const SingletonTable table({
         // SingletonTable::Entry<Manager>("Manager", creation, release),
+        SingletonTable::Entry<SingleApplicationInstance>("SingleApplicationInstance", 1, 16),
+        SingletonTable::Entry<AppController>("AppController", 2, 15),
         SingletonTable::Entry<Appearance>("Appearance", 3, 14),
         SingletonTable::Entry<ConfDataFile>("ConfDataFile", 4, 12),
         SingletonTable::Entry<CtrlFactory>("CtrlFactory", 6, 2),
