@@ -55,16 +55,17 @@ void fillByMaps(const wxImage& source, const std::vector<int>& columns, const st
     const unsigned char* sRgb = source.GetData();
     const unsigned char* sAlpha = source.HasAlpha() ? source.GetAlpha() : nullptr;
     unsigned char* tRgb = target.GetData();
-    unsigned char* tAlpha = target.GetAlpha();
+    unsigned char* tAlpha = target.HasAlpha() ? target.GetAlpha() : nullptr;
     for (size_t ty = 0; ty < rows.size(); ++ty) {
         const int sy = rows[ty];
         unsigned char* rgbRow = tRgb + ty * size_t(tw) * 3;
-        unsigned char* alphaRow = tAlpha + ty * size_t(tw);
+        unsigned char* alphaRow = tAlpha ? tAlpha + ty * size_t(tw) : nullptr;
         if (sy < 0)
             continue;
         if (ty > 0 && rows[ty - 1] == sy) {
             std::memcpy(rgbRow, rgbRow - size_t(tw) * 3, size_t(tw) * 3);
-            std::memcpy(alphaRow, alphaRow - tw, size_t(tw));
+            if (alphaRow)
+                std::memcpy(alphaRow, alphaRow - tw, size_t(tw));
             continue;
         }
         const unsigned char* sRgbRow = sRgb + size_t(sy) * size_t(sw) * 3;
@@ -74,7 +75,8 @@ void fillByMaps(const wxImage& source, const std::vector<int>& columns, const st
             if (sx < 0)
                 continue;
             std::memcpy(rgbRow + tx * 3, sRgbRow + sx * 3, 3);
-            alphaRow[tx] = sAlphaRow ? sAlphaRow[sx] : 255;
+            if (alphaRow)
+                alphaRow[tx] = sAlphaRow ? sAlphaRow[sx] : 255;
         }
     }
 }
@@ -162,7 +164,11 @@ wxImage ImageCtrl::RenderImage(const wxSize& size) const
     const int th = std::max(size.y, int(m_top + m_bottom) + 1);
     const Bands x = bandsOf(sw, tw, m_left, m_right);
     const Bands y = bandsOf(sh, th, m_top, m_bottom);
-    wxImage target = CreateTransparentImage(tw, th);
+    // Margins that fill the source leave an empty middle band, which stays
+    // transparent. Otherwise an opaque source covers the whole target, and
+    // without an alpha channel its bitmap is many times cheaper to build.
+    const bool gaps = m_left + m_right == unsigned(sw) || m_top + m_bottom == unsigned(sh);
+    wxImage target = m_source.HasAlpha() || gaps ? CreateTransparentImage(tw, th) : wxImage(tw, th, false);
     if (m_source.HasMask())
         target.SetMaskColour(m_source.GetMaskRed(), m_source.GetMaskGreen(), m_source.GetMaskBlue());
     const bool shrinks = x.target[2] - x.target[1] < x.source[2] - x.source[1] ||
