@@ -100,17 +100,28 @@ void fillByPieces(wxImage& source, const Bands& x, const Bands& y, wxImage& targ
     }
 }
 
+// True when no pixel is even partly transparent: skins often carry an
+// alpha channel that is 255 everywhere.
+bool isOpaque(const wxImage& image)
+{
+    if (!image.IsOk() || !image.HasAlpha())
+        return true;
+    const unsigned char* alpha = image.GetAlpha();
+    return std::all_of(alpha, alpha + size_t(image.GetWidth()) * size_t(image.GetHeight()),
+                       [](unsigned char a) { return a == 255; });
+}
+
 } // namespace
 
 ImageCtrl::ImageCtrl(const wxImage& image, const wxSize& size, unsigned int top, unsigned int left,
                      unsigned int right, unsigned int bottom)
-    : m_left(left), m_right(right), m_top(top), m_bottom(bottom), m_source(image)
+    : m_left(left), m_right(right), m_top(top), m_bottom(bottom), m_source(image), m_opaque(isOpaque(image))
 {
     Resize(size);
 }
 
 ImageCtrl::ImageCtrl(Toolkit::smart_ptr<ImageDescriptor> descriptor, const wxSize& size)
-    : m_left(0), m_right(0), m_top(0), m_bottom(0)
+    : m_left(0), m_right(0), m_top(0), m_bottom(0), m_opaque(true)
 {
     if (descriptor) {
         unsigned int margins[4];
@@ -120,6 +131,7 @@ ImageCtrl::ImageCtrl(Toolkit::smart_ptr<ImageDescriptor> descriptor, const wxSiz
         m_right = margins[2];
         m_bottom = margins[3];
         m_source = descriptor->GetImage();
+        m_opaque = isOpaque(m_source);
     }
     Resize(size);
 }
@@ -168,7 +180,7 @@ wxImage ImageCtrl::RenderImage(const wxSize& size) const
     // transparent. Otherwise an opaque source covers the whole target, and
     // without an alpha channel its bitmap is many times cheaper to build.
     const bool gaps = m_left + m_right == unsigned(sw) || m_top + m_bottom == unsigned(sh);
-    wxImage target = m_source.HasAlpha() || gaps ? CreateTransparentImage(tw, th) : wxImage(tw, th, false);
+    wxImage target = !m_opaque || gaps ? CreateTransparentImage(tw, th) : wxImage(tw, th, false);
     if (m_source.HasMask())
         target.SetMaskColour(m_source.GetMaskRed(), m_source.GetMaskGreen(), m_source.GetMaskBlue());
     const bool shrinks = x.target[2] - x.target[1] < x.source[2] - x.source[1] ||

@@ -59,6 +59,8 @@ private:
     unsigned int m_bottom;
     wxImage m_source;
     wxBitmap m_rendered;
+    // The source has no partly transparent pixel, so renderings need no alpha.
+    bool m_opaque;
 };
 
 } // namespace UIKit

@@ -150,6 +150,10 @@ TEST(ImageCtrlTest, AlphaAndMaskCarryIntoTheRendering)
     for (int y = 0; y < 30; ++y)
         for (int x = 0; x < 30; ++x)
             withAlpha.SetAlpha(x, y, static_cast<unsigned char>(x * 8));
+    wxImage opaqueAlpha = nineSliceImage();
+    opaqueAlpha.InitAlpha();
+    EXPECT_FALSE(ImageCtrl(opaqueAlpha, wxSize(60, 60), 10, 10, 10, 10).RenderImage(wxSize(60, 60)).HasAlpha())
+        << "an alpha channel that is 255 everywhere changes nothing";
     const wxImage a = ImageCtrl(withAlpha, wxSize(60, 60), 10, 10, 10, 10).RenderImage(wxSize(60, 60));
     EXPECT_EQ(a.GetAlpha(0, 0), 0);
     EXPECT_EQ(a.GetAlpha(59, 30), 29 * 8);
