@@ -46,6 +46,7 @@ void XMLLoader::release()
 
 bool XMLLoader::LoadFromFile(const TString<char>& path)
 {
+    release();
     std::ifstream file(path, std::ios::binary);
     if (!file) {
         TK_LOG(Toolkit::LogError) << "Cannot open the XML file " << path;
@@ -65,6 +66,7 @@ bool XMLLoader::LoadFromFile(const TString<char>& path)
 
 bool XMLLoader::LoadFromAppearance(const TString<wchar_t>& name)
 {
+    release();
     if (!s_resourceProvider) {
         TK_LOG(Toolkit::LogError) << "No appearance to read the description " << name << " from";
         return false;

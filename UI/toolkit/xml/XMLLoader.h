@@ -33,6 +33,7 @@ public:
     XMLLoader(const XMLLoader&) = delete;
     XMLLoader& operator=(const XMLLoader&) = delete;
 
+    // Each load first drops the tree held so far, so a failed load leaves none.
     // Reads and parses a whole file; false (logged) when it is missing or empty.
     bool LoadFromFile(const TString<char>& path);
     // Parses a description file of the active appearance pack.

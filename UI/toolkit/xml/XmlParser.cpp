@@ -239,6 +239,15 @@ char* XmlParser::parseChild(XML_NODE* parent, char* pos, char* end)
 
 char* XmlParser::deferChildren(XML_NODE* element, char* pos, char* end)
 {
+    m_stack.pop_back();
+    // Nothing after the top element is read, so its pending text can run to
+    // the end of the document: its closing tag then ends the later parse, as
+    // in an eager parse, and no scan is needed.
+    if (m_stack.empty() && !m_expanding) {
+        element->pending = pos;
+        element->pendingLength = static_cast<uint32_t>(end - pos);
+        return end;
+    }
     const char* name = element->tag.name;
     XmlClosingTags& learnt = m_document.ClosingTags();
     char* close = learnt.Find(name);
@@ -246,7 +255,6 @@ char* XmlParser::deferChildren(XML_NODE* element, char* pos, char* end)
         close = FindClosingTag(pos, end, name, std::strlen(name), learnt);
     element->pending = pos;
     element->pendingLength = static_cast<uint32_t>(close - pos);
-    m_stack.pop_back();
     if (close >= end)
         return close;
     char* after = AfterTagEnd(close + 2, end);

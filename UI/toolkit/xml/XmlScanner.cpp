@@ -3,6 +3,10 @@
 #include "xml/XmlClosingTags.h"
 #include "xml/XmlEntities.h"
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace UIKit::XmlScanner {
 namespace {
 
@@ -33,6 +37,43 @@ char* openingTagEnd(char* pos, const char* end, bool& selfClosing)
         ++pos;
     }
     return pos;
+}
+
+// The next "<" at or after pos that can matter to FindClosingTag: one
+// followed by "!", by the name's first letter, or by "/" and that letter.
+// Every other "<" opens or closes an element of another name. Skins have
+// some fifteen tags per control; this lets the search skip most of them
+// sixteen bytes at a time.
+char* nextCandidate(char* pos, const char* end, char first)
+{
+    const char folded = static_cast<char>(first | 0x20); // letters of either case match
+#ifdef __SSE2__
+    const __m128i lt = _mm_set1_epi8('<');
+    const __m128i slash = _mm_set1_epi8('/');
+    const __m128i bang = _mm_set1_epi8('!');
+    const __m128i caseBit = _mm_set1_epi8(0x20);
+    const __m128i letter = _mm_set1_epi8(folded);
+    for (; end - pos >= 18; pos += 16) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pos));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pos + 1));
+        const __m128i c = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pos + 2));
+        const __m128i opening = _mm_cmpeq_epi8(_mm_or_si128(b, caseBit), letter);
+        const __m128i closing =
+            _mm_and_si128(_mm_cmpeq_epi8(b, slash), _mm_cmpeq_epi8(_mm_or_si128(c, caseBit), letter));
+        const __m128i wanted = _mm_or_si128(_mm_or_si128(opening, closing), _mm_cmpeq_epi8(b, bang));
+        const int mask = _mm_movemask_epi8(_mm_and_si128(_mm_cmpeq_epi8(a, lt), wanted));
+        if (mask)
+            return pos + __builtin_ctz(static_cast<unsigned>(mask));
+    }
+#endif
+    for (; pos < end; ++pos) {
+        if (*pos != '<' || pos + 1 >= end)
+            continue;
+        const char next = pos[1];
+        if (next == '!' || (next | 0x20) == folded || (next == '/' && pos + 2 < end && (pos[2] | 0x20) == folded))
+            return pos;
+    }
+    return const_cast<char*>(end);
 }
 
 } // namespace
@@ -79,7 +120,7 @@ char* FindClosingTag(char* pos, const char* end, const char* name, size_t length
     auto& open = learnt.Open();
     open.clear();
     size_t depth = 1;
-    for (pos = Find(pos, end, '<'); pos < end; pos = Find(pos, end, '<')) {
+    for (pos = nextCandidate(pos, end, first); pos < end; pos = nextCandidate(pos, end, first)) {
         const char next = pos[1]; // the NUL at end when pos is the last byte
         if (next == '/') {
             if (NameAt(pos + 2, end, name, length)) {

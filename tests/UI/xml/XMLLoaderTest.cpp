@@ -17,7 +17,7 @@ namespace {
 // Every typed reader is tried on this element: attributes of the element
 // itself, attributes of the child "V" and its text.
 const std::string kDocument = R"(<Control class="UIKit::ButtonCtrl" name="Ok" Id="ID_OK" visible="yes" empty="">
-  <V yes="yes" Yes="Yes" one="1" int="12px" px="px" neg=" -7" big="99999999999"
+  <V yes="yes" cap="Yes" one="1" int="12px" px="px" neg=" -7" big="99999999999"
      c4="10;20,,30,40" c3="10,20,30" c300="300,0,0,255" cneg="-1,0,0,0" c5="1,2,3,4,5" cx="a,b,c,d"
      two="5,6" one1="5" lead=",,7;8" rect="1,2,3,4" pad="1,-2,3,70000"
      id="ID_OK" idlow="id_ok" sms="PIDSms" smslow="PIdSms" browser="PIdBrowser" num="8020"/>
@@ -86,7 +86,7 @@ TEST_F(XMLLoaderTest, ReadStringTakesTheElementChildAttributeOrText)
 TEST_F(XMLLoaderTest, ReadBoolIsTrueOnlyForYes)
 {
     const std::vector<std::tuple<const char*, bool, bool>> rows = {
-        {"yes", false, true}, {"Yes", true, false}, {"one", true, false},
+        {"yes", false, true}, {"cap", true, false}, {"one", true, false},
         {"missing", true, true}, {"missing", false, false},
     };
     for (const auto& [attribute, defaultValue, expected] : rows)
