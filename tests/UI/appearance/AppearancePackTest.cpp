@@ -68,6 +68,12 @@ TEST_F(AppearanceTest, DirectoryPackAndItsZippedTwinGiveTheSameContent)
             ASSERT_TRUE(image.IsOk() && !isBlack128(image)) << name;
             s.images[name] = pixels(image);
         }
+        // Pixels as the pack's image script paints them; the cache shares them.
+        const wxImage magenta = appearance.GetGraphic(L"magenta.png");
+        EXPECT_EQ(wxColour(magenta.GetRed(0, 0), magenta.GetGreen(0, 0), magenta.GetBlue(0, 0)), wxColour(255, 0, 255));
+        EXPECT_EQ(appearance.GetGraphic(L"alpha.png").GetAlpha(7, 3), 252);
+        EXPECT_EQ(appearance.GetGraphic(L"button.png").GetBlue(15, 15), 4 * 28);
+        EXPECT_TRUE(appearance.GetGraphic(L"magenta.png").IsSameAs(magenta));
         for (const char* key : {"LB_COLOUR", "LB_HELLO", "LB_MULTI", "LB_ONLY_EN"})
             s.strings.push_back(appearance.GetStr(TString<char>(key)));
         UIKit::Appearance::Cultures cultures;
@@ -86,26 +92,6 @@ TEST_F(AppearanceTest, DirectoryPackAndItsZippedTwinGiveTheSameContent)
                                                            L"Première ligne\nDeuxième ligne", L"Missing Label key"}));
     EXPECT_EQ(seen[0].cultures, (std::vector<std::wstring>{L"fr-CA=Français (Canada)", L"en=English",
                                                             L"fr=Français"}));
-}
-
-TEST_F(AppearanceTest, ImagesDecodeWithTheirColoursAlphaAndAnyExtension)
-{
-    UseAppearancesDir(appearancetest::ZippedPacksDir());
-    InitWithCulture(L"en");
-    const wxImage magenta = m_appearance->GetGraphic(L"magenta.png");
-    EXPECT_EQ(magenta.GetSize(), wxSize(16, 16));
-    EXPECT_EQ(wxColour(magenta.GetRed(0, 0), magenta.GetGreen(0, 0), magenta.GetBlue(0, 0)), wxColour(255, 0, 255));
-    EXPECT_EQ(magenta.GetBlue(8, 8), 200);
-    const wxImage alpha = m_appearance->GetGraphic(L"alpha.png");
-    ASSERT_TRUE(alpha.HasAlpha());
-    EXPECT_EQ(alpha.GetAlpha(0, 3), 0);
-    EXPECT_EQ(alpha.GetAlpha(7, 3), 252);
-    const wxImage button = m_appearance->GetGraphic(L"button.png");
-    EXPECT_EQ(button.GetRed(29, 0), 29 * 8);
-    EXPECT_EQ(button.GetBlue(15, 15), 4 * 28);
-    EXPECT_EQ(m_appearance->GetGraphic(L"logo.img").GetSize(), wxSize(4, 2));
-    // The cache hands out the same pixels again.
-    EXPECT_TRUE(m_appearance->GetGraphic(L"button.png").IsSameAs(button));
 }
 
 TEST_F(AppearanceTest, PackSelectionSortsNamesAndTheLastMatchWins)
