@@ -1,0 +1,146 @@
+#include "DashboardFrame.h"
+
+#include "Toolkit/ILogger.h"
+#include "Toolkit/UTF8.h"
+#include "appearance/Appearance.h"
+#include "factory/ControlIds.h"
+#include "factory/CtrlFactory.h"
+#include "xml/XMLLoader.h"
+#include "module/AppController.h"
+#include "module/Util.h"
+
+#include <cstring>
+#include <spawn.h>
+#include <thread>
+#include <sys/wait.h>
+
+extern char** environ;
+
+namespace host {
+
+wxBEGIN_EVENT_TABLE(DashboardFrame, UIKit::IDashboard)
+    EVT_BUTTON(UIKit::ID_CONNECT, DashboardFrame::onConnect)
+    EVT_BUTTON(UIKit::ID_DISCONNECT, DashboardFrame::onDisconnect)
+    EVT_CLOSE(DashboardFrame::onClose)
+wxEND_EVENT_TABLE()
+
+DashboardFrame::DashboardFrame(const wxRect& bounds) : UIKit::IDashboard(bounds)
+{
+}
+
+bool DashboardFrame::LoadDashboard()
+{
+    UIKit::XMLLoader loader;
+    if (!loader.LoadFromAppearance(L"dashboard"))
+        return false;
+    auto descriptor = UIKit::CtrlFactory::Instance()->CreateDescriptor(loader.GetRootNode());
+    if (!descriptor)
+        return false;
+    // Labels are resolved when a description is read, so a new language
+    // means reading it again and rebuilding the children.
+    DestroyChildren();
+    LoadDescriptor(descriptor);
+    return true;
+}
+
+void DashboardFrame::setStatus(const char* key)
+{
+    auto appearance = UIKit::Appearance::Instance();
+    if (appearance)
+        UIKit::Util::SetWindowLabel(this, TString<wchar_t>(L"Status"), appearance->GetStr(TString<char>(key)));
+}
+
+void DashboardFrame::onConnect(wxCommandEvent&)
+{
+    setStatus("LB_STATUS_CONNECTED");
+    UIKit::Util::EnableWindow(this, UIKit::ID_CONNECT, false);
+    UIKit::Util::EnableWindow(this, UIKit::ID_DISCONNECT, true);
+}
+
+void DashboardFrame::onDisconnect(wxCommandEvent&)
+{
+    setStatus("LB_STATUS_NO_DEVICE");
+    UIKit::Util::EnableWindow(this, UIKit::ID_DISCONNECT, false);
+    UIKit::Util::EnableWindow(this, UIKit::ID_CONNECT, true);
+}
+
+void DashboardFrame::onClose(wxCloseEvent& event)
+{
+    auto controller = UIKit::AppController::Instance();
+    if (event.CanVeto() && controller && !controller->DispatchAppRequestClose()) {
+        event.Veto();
+        return;
+    }
+    if (controller)
+        controller->DispatchAppStopping();
+    m_closingEvent->Set();
+    event.Skip();
+}
+
+bool DashboardFrame::ShowScreen(const TString<wchar_t>& name, UIKit::Animation, int, int)
+{
+    TK_LOG(Toolkit::LogInfo) << "no screen named " << name << " in this dashboard yet";
+    return false;
+}
+
+void DashboardFrame::OnPendingChanges(const TString<wchar_t>&, int32_t) {}
+
+void DashboardFrame::SetScreenTitle(const TString<wchar_t>& title)
+{
+    SetTitle(wxString(title));
+}
+
+void DashboardFrame::SetBusy(bool busy)
+{
+    if (busy)
+        SetWaitCursor();
+    else
+        RestorePreviousCursor();
+}
+
+void DashboardFrame::Reduce()
+{
+    Iconize(true);
+}
+
+void DashboardFrame::BringToFront()
+{
+    if (IsIconized())
+        Iconize(false);
+    Show(true);
+    Raise();
+}
+
+bool DashboardFrame::RunCommand(const std::vector<TString<wchar_t>>& argv)
+{
+    // No shell: each element reaches the program as one argument, so an
+    // address can never run a command.
+    if (argv.empty())
+        return false;
+    std::vector<std::string> storage;
+    for (const auto& arg : argv)
+        storage.push_back(Toolkit::UTF8::ToUTF8(arg));
+    std::vector<char*> args;
+    for (auto& arg : storage)
+        args.push_back(arg.data());
+    args.push_back(nullptr);
+    pid_t pid = 0;
+    const int error = posix_spawnp(&pid, args[0], nullptr, nullptr, args.data(), environ);
+    if (error != 0) {
+        TK_LOG(Toolkit::LogError) << "cannot start " << storage[0] << ": " << std::strerror(error);
+        return false;
+    }
+    // Reap the child without blocking the caller.
+    std::thread([pid] { waitpid(pid, nullptr, 0); }).detach();
+    return true;
+}
+
+void DashboardFrame::OnCultureChanged()
+{
+    LoadDashboard();
+    Refresh(true);
+}
+void DashboardFrame::OnBeforeTransition() {}
+void DashboardFrame::OnDeviceStateChanged() {}
+
+} // namespace host

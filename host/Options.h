@@ -1,0 +1,21 @@
+#pragma once
+// The connection manager's command line.
+#include "Toolkit/TString.h"
+
+#include <wx/cmdline.h>
+
+namespace host {
+
+struct Options {
+    TString<wchar_t> appearance;     // pack name, without ".ar"
+    TString<wchar_t> culture;        // e.g. "fr"
+    TString<char> appearancesDir;    // where the packs are
+    TString<char> tourDir;           // take screenshots there and exit
+    bool verbose = false;
+
+    // Fills the options; false (with a message on stderr) on bad input or
+    // --help.
+    bool Parse(int argc, wchar_t** argv);
+};
+
+} // namespace host
