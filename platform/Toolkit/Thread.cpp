@@ -1,6 +1,7 @@
 #include "Toolkit/Thread.h"
 
 #include "Toolkit/ILogger.h"
+#include "Toolkit/TickCount.h"
 
 #include <chrono>
 #include <exception>
@@ -82,6 +83,12 @@ bool Thread::IsMainThread()
 
 void Thread::Sleep(unsigned ms)
 {
+    // A test's fake clock stands in for the pause (see SetSleepHandler). The
+    // handler is copied out first so it runs without the clock's lock held.
+    if (const auto handler = GetSleepHandler()) {
+        handler(ms);
+        return;
+    }
     std::this_thread::sleep_for(std::chrono::milliseconds(ms));
 }
 

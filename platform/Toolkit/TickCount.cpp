@@ -16,6 +16,11 @@ std::function<uint64_t()>& source()
     static std::function<uint64_t()> s;
     return s;
 }
+std::function<void(unsigned)>& sleepHandler()
+{
+    static std::function<void(unsigned)> h;
+    return h;
+}
 
 } // namespace
 
@@ -34,6 +39,18 @@ void SetTickSource(std::function<uint64_t()> s)
 {
     std::lock_guard lock(sourceLock());
     source() = std::move(s);
+}
+
+void SetSleepHandler(std::function<void(unsigned)> handler)
+{
+    std::lock_guard lock(sourceLock());
+    sleepHandler() = std::move(handler);
+}
+
+std::function<void(unsigned)> GetSleepHandler()
+{
+    std::lock_guard lock(sourceLock());
+    return sleepHandler();
 }
 
 } // namespace Toolkit

@@ -16,10 +16,12 @@ namespace testsupport {
 FakeClock::FakeClock(uint64_t start) : m_now(start)
 {
     Toolkit::SetTickSource([this] { return m_now.load(); });
+    Toolkit::SetSleepHandler([this](unsigned ms) { m_now += ms; });
 }
 
 FakeClock::~FakeClock()
 {
+    Toolkit::SetSleepHandler({});
     Toolkit::SetTickSource({});
 }
 

@@ -12,7 +12,8 @@
 
 namespace testsupport {
 
-// Replaces Toolkit::GetTickCount for its lifetime.
+// Replaces Toolkit::GetTickCount for its lifetime. Toolkit::Thread::Sleep
+// then does not pause: it advances this clock by the time asked for.
 class FakeClock {
 public:
     explicit FakeClock(uint64_t start = 1000);
