@@ -1,7 +1,8 @@
 #pragma once
 // A named skin image with its nine-slice margins, read from one child
 // element: the child's text names the image, its "margin" attribute gives
-// the margins (left, top, right, bottom).
+// the margins in the order top, left, right, bottom (the order the
+// nine-slice image control takes them).
 #include "Toolkit/TString.h"
 #include "Toolkit/smart_ptr.h"
 
@@ -23,8 +24,8 @@ public:
     const wxRect& GetMargin() const { return m_margin; }
     bool IsOk() const { return m_image.IsOk(); }
 
-    unsigned int GetMarginLeft() const { return clamp(m_margin.x); }
-    unsigned int GetMarginTop() const { return clamp(m_margin.y); }
+    unsigned int GetMarginTop() const { return clamp(m_margin.x); }
+    unsigned int GetMarginLeft() const { return clamp(m_margin.y); }
     unsigned int GetMarginRight() const { return clamp(m_margin.width); }
     unsigned int GetMarginBottom() const { return clamp(m_margin.height); }
 
