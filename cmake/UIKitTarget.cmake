@@ -16,3 +16,19 @@ function(uikit_library name)
   target_link_libraries(${name} PUBLIC ${ARG_LINK})
   uikit_warnings(${name})
 endfunction()
+
+# Zips a directory appearance pack into OUT_DIR/<name> at build time, with
+# the standard zip tool, as a target that others can depend on.
+function(uikit_zip_pack target source_dir out_dir)
+  find_program(ZIP_PROGRAM zip REQUIRED)
+  get_filename_component(name ${source_dir} NAME)
+  file(GLOB_RECURSE files CONFIGURE_DEPENDS ${source_dir}/*)
+  add_custom_command(OUTPUT ${out_dir}/${name}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${out_dir}
+    COMMAND ${CMAKE_COMMAND} -E rm -f ${out_dir}/${name}
+    COMMAND ${ZIP_PROGRAM} -r -X -q ${out_dir}/${name} .
+    WORKING_DIRECTORY ${source_dir}
+    DEPENDS ${files}
+    COMMENT "Zipping the appearance pack ${name}")
+  add_custom_target(${target} ALL DEPENDS ${out_dir}/${name})
+endfunction()
