@@ -4,8 +4,10 @@
 //  - FindScreen: parse, find one screen near the end of the 10 MB document
 //    by its name and read its attributes (our reader keeps children lazy);
 //  - ReadId: one XMLLoader::ReadId of a symbolic id.
-// Every parse starts from the same bytes: ours copies them into the reused
-// document, pugixml's copy goes into a preallocated buffer it parses in place.
+// Every parse starts from the same bytes. Ours only reads them (the loader
+// lends its buffer to the tree); pugixml changes its input, so each of its
+// iterations first copies the bytes into a preallocated buffer, which it
+// then parses in place (its fastest way).
 #include "xml/XMLLoader.h"
 #include "xml/XmlDom.h"
 
@@ -120,7 +122,7 @@ public:
     ~OurDocument() { node_destroy(m_top); }
     XML_NODE* Parse(const std::string& text, bool lazy)
     {
-        node_set_doc_n(m_top, text.data(), text.size(), nullptr, lazy);
+        node_set_doc_borrowed(m_top, text.data(), text.size(), nullptr, lazy);
         return m_top;
     }
 

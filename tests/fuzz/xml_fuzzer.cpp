@@ -70,9 +70,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         // Search before walking in one mode and after in the other, so that
         // both meet pending children.
         g_sink = lazy ? searchPaths(top) + walk(top) : walk(top) + searchPaths(top);
-        // The same bytes with their exact length: NUL bytes inside included.
+        // The same bytes with their exact length, NUL bytes inside included:
+        // a copy, then libFuzzer's own buffer, where reading one byte past
+        // the end is caught.
         node_set_doc_n(top, text.data(), text.size(), nullptr, lazy);
         g_sink = walk(top);
+        node_set_doc_borrowed(top, reinterpret_cast<const char*>(data), size, nullptr, lazy);
+        g_sink = walk(top) + searchPaths(top);
         node_destroy(top);
     }
     return 0;

@@ -42,6 +42,7 @@ void XMLLoader::release()
         node_destroy(m_element);
     m_element = nullptr;
     m_borrowed = false;
+    m_text.clear();
 }
 
 bool XMLLoader::LoadFromFile(const TString<char>& path)
@@ -52,16 +53,16 @@ bool XMLLoader::LoadFromFile(const TString<char>& path)
         TK_LOG(Toolkit::LogError) << "Cannot open the XML file " << path;
         return false;
     }
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    m_text.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     if (file.bad()) {
         TK_LOG(Toolkit::LogError) << "Cannot read the XML file " << path;
         return false;
     }
-    if (bytes.empty()) {
+    if (m_text.empty()) {
         TK_LOG(Toolkit::LogError) << "The XML file is empty: " << path;
         return false;
     }
-    return LoadFromBytes(bytes.data(), bytes.size());
+    return parse();
 }
 
 bool XMLLoader::LoadFromAppearance(const TString<wchar_t>& name)
@@ -76,22 +77,31 @@ bool XMLLoader::LoadFromAppearance(const TString<wchar_t>& name)
         TK_LOG(Toolkit::LogError) << "Cannot read the description " << name << " of the appearance";
         return false;
     }
-    return LoadFromBytes(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    m_text.assign(bytes.begin(), bytes.end());
+    return parse();
 }
 
 bool XMLLoader::LoadFromBytes(const char* bytes, size_t length)
 {
     release();
+    m_text.assign(bytes, bytes + length);
+    return parse();
+}
+
+bool XMLLoader::parse()
+{
     // The document ends at its first NUL, as a C string would.
-    if (const void* nul = std::memchr(bytes, '\0', length))
-        length = static_cast<size_t>(static_cast<const char*>(nul) - bytes);
+    size_t length = m_text.size();
+    if (const void* nul = length ? std::memchr(m_text.data(), '\0', length) : nullptr)
+        length = static_cast<size_t>(static_cast<const char*>(nul) - m_text.data());
     XML_NODE* element = nullptr;
     uint32_t result = node_create(&element, "root", "uri");
     if (!XML_FAILED(result))
-        result = node_set_doc_n(element, bytes, length, nullptr, true);
+        result = node_set_doc_borrowed(element, m_text.data(), length, nullptr, true);
     if (XML_FAILED(result)) {
         TK_LOG(Toolkit::LogError) << "Cannot parse an XML document of " << length << " bytes, code " << result;
         node_destroy(element);
+        m_text.clear();
         return false;
     }
     m_element = element;

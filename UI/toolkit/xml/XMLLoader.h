@@ -83,8 +83,12 @@ private:
     // The raw UTF-8 text that the path and attribute name point at, or null.
     const char* rawText(const TString<char>& path, const TString<char>& attribute) const;
     size_t readList(const TString<char>& path, const TString<char>& attribute, int* values, size_t capacity) const;
+    bool parse();
     void release();
 
+    // The document's bytes, which the owned tree reads its pending children
+    // from; kept while the tree lives.
+    std::vector<char> m_text;
     XML_NODE* m_element = nullptr;
     bool m_borrowed = false;
 };

@@ -8,7 +8,7 @@ void XmlClosingTags::Reset()
     m_open.clear();
 }
 
-char* XmlClosingTags::Find(const char* name) const
+const char* XmlClosingTags::Find(const char* name) const
 {
     const auto it = m_closing.find(name);
     return it == m_closing.end() ? nullptr : it->second;

@@ -18,14 +18,14 @@ public:
     void Reset();
     // The "<" of the closing tag of the element whose name starts at `name`
     // (one byte after its "<"), or null when not learnt.
-    char* Find(const char* name) const;
-    void Add(const char* name, char* closing) { m_closing[name] = closing; }
+    const char* Find(const char* name) const;
+    void Add(const char* name, const char* closing) { m_closing[name] = closing; }
     // Working stack of the names of open deep elements during one search.
-    std::vector<char*>& Open() { return m_open; }
+    std::vector<const char*>& Open() { return m_open; }
 
 private:
-    std::unordered_map<const char*, char*> m_closing;
-    std::vector<char*> m_open;
+    std::unordered_map<const char*, const char*> m_closing;
+    std::vector<const char*> m_open;
 };
 
 } // namespace UIKit

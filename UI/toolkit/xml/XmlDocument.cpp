@@ -26,7 +26,7 @@ void XmlDocument::Reset()
     m_closingTags.Reset();
 }
 
-char* XmlDocument::SetText(const char* text, size_t length)
+const char* XmlDocument::SetText(const char* text, size_t length)
 {
     if (length + 1 > m_textCapacity) {
         m_text.reset(new char[length + 1]);

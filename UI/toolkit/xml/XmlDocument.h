@@ -1,7 +1,7 @@
 #pragma once
-// The memory of one parsed document: a private copy of its text, parsed in
-// place, and an arena from which every element, attribute array and child
-// array of the tree is allocated. Everything is released together when the
+// The memory of one parsed document: a private copy of its text (unless the
+// caller lends it) and an arena from which every element, string, attribute
+// array and child array of the tree is allocated. Everything is released together when the
 // document is destroyed; Reset() forgets the tree but keeps the memory, so
 // parsing again into the same top element allocates nothing once warm.
 #include "xml/XmlClosingTags.h"
@@ -23,8 +23,8 @@ public:
     void Reset();
 
     // Replaces the text with a copy of `length` bytes followed by a NUL and
-    // returns the copy, which the parser may change in place.
-    char* SetText(const char* text, size_t length);
+    // returns the copy.
+    const char* SetText(const char* text, size_t length);
 
     // Raw memory, aligned for any record; throws std::bad_alloc.
     void* Allocate(size_t bytes);

@@ -123,6 +123,33 @@ void detach(XML_NODE* element)
     element->parent = nullptr;
 }
 
+uint32_t setDocument(XML_NODE* element, const char* text, size_t length, XML_DOCTYPE** doctype, bool lazy,
+                     bool copy)
+{
+    if (!element || !text)
+        return XML_NULL_ARGUMENT;
+    if (doctype)
+        *doctype = nullptr;
+    // Lengths are kept in 32 bits; an inner element has no memory of its own.
+    if (!element->ownsDocument || length >= std::numeric_limits<uint32_t>::max())
+        return XML_FAILURE;
+    try {
+        XmlDocument& document = *element->document;
+        document.Reset();
+        std::memset(static_cast<void*>(element), 0, sizeof(XML_NODE));
+        element->document = &document;
+        element->ownsDocument = true;
+        element->tag.name = document.CopyString("root", 4);
+        const char* source = copy ? document.SetText(text, length) : text;
+        XmlParser(document, lazy).ParseDocument(element, source, source + length);
+        if (doctype)
+            *doctype = element->doctype;
+        return XML_OK;
+    } catch (const std::bad_alloc&) {
+        return XML_FAILURE;
+    }
+}
+
 } // namespace
 
 uint32_t node_create(XML_NODE** element, const char* name, const char* nameSpace)
@@ -159,28 +186,13 @@ uint32_t node_set_doc(XML_NODE* element, const char* text, XML_DOCTYPE** doctype
 
 uint32_t node_set_doc_n(XML_NODE* element, const char* text, size_t length, XML_DOCTYPE** doctype, bool lazy)
 {
-    if (!element || !text)
-        return XML_NULL_ARGUMENT;
-    if (doctype)
-        *doctype = nullptr;
-    // Lengths are kept in 32 bits; an inner element has no memory of its own.
-    if (!element->ownsDocument || length >= std::numeric_limits<uint32_t>::max())
-        return XML_FAILURE;
-    try {
-        XmlDocument& document = *element->document;
-        document.Reset();
-        std::memset(static_cast<void*>(element), 0, sizeof(XML_NODE));
-        element->document = &document;
-        element->ownsDocument = true;
-        element->tag.name = document.CopyString("root", 4);
-        char* buffer = document.SetText(text, length);
-        XmlParser(document, lazy).ParseDocument(element, buffer, buffer + length);
-        if (doctype)
-            *doctype = element->doctype;
-        return XML_OK;
-    } catch (const std::bad_alloc&) {
-        return XML_FAILURE;
-    }
+    return setDocument(element, text, length, doctype, lazy, true);
+}
+
+uint32_t node_set_doc_borrowed(XML_NODE* element, const char* text, size_t length, XML_DOCTYPE** doctype,
+                               bool lazy)
+{
+    return setDocument(element, text, length, doctype, lazy, false);
 }
 
 XML_NODE* node_find_first(XML_NODE* element, const char* path)

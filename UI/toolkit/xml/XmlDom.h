@@ -26,8 +26,12 @@ uint32_t node_create(XML_NODE** element, const char* name, const char* nameSpace
 // Only top elements (from node_create) can hold a document.
 uint32_t node_set_doc(XML_NODE* element, const char* text, XML_DOCTYPE** doctype, bool lazy);
 // The same for `length` bytes (a NUL byte inside only cuts the strings it
-// falls in).
+// falls in). Both keep a copy of the text for the children left pending.
 uint32_t node_set_doc_n(XML_NODE* element, const char* text, size_t length, XML_DOCTYPE** doctype, bool lazy);
+// The same without the copy: the caller keeps the text unchanged and alive
+// for as long as the tree, which reads pending children from it.
+uint32_t node_set_doc_borrowed(XML_NODE* element, const char* text, size_t length, XML_DOCTYPE** doctype,
+                               bool lazy);
 
 // The first child matching `path` ("name" or "name/name/..."; null matches
 // every child), or null.

@@ -12,7 +12,7 @@ namespace {
 
 // After the "/" of an empty element: the position after its ">", white
 // space skipped, whatever comes before that ">".
-char* emptyElementEnd(char* pos, const char* end, bool& selfClosing)
+const char* emptyElementEnd(const char* pos, const char* end, bool& selfClosing)
 {
     selfClosing = true;
     return SkipBlanks(AfterTagEnd(pos, end), end);
@@ -25,16 +25,17 @@ XmlParser::XmlParser(XmlDocument& document, bool lazy)
 {
 }
 
-void XmlParser::ParseDocument(XML_NODE* top, char* pos, char* end)
+void XmlParser::ParseDocument(XML_NODE* top, const char* pos, const char* end)
 {
     // Before the top element: a declaration, DOCTYPE lines and comments.
     pos = Find(pos, end, '<');
     while (pos < end) {
-        if (pos[1] == '?')
+        const char next = At(pos, end, 1);
+        if (next == '?')
             pos = Find(pos + 2, end, '<');
         else if (StartsWith(pos, end, "<!--"))
             pos = Find(SkipComment(pos, end), end, '<');
-        else if (pos[1] == '!')
+        else if (next == '!')
             pos = Find(parseDocType(top, pos, end), end, '<');
         else
             break;
@@ -56,8 +57,8 @@ void XmlParser::ParsePending(XML_NODE* element)
 {
     if (!element->pending)
         return;
-    char* pos = element->pending;
-    char* end = pos + element->pendingLength;
+    const char* pos = element->pending;
+    const char* end = pos + element->pendingLength;
     element->pending = nullptr;
     element->pendingLength = 0;
     m_expanding = element;
@@ -67,68 +68,53 @@ void XmlParser::ParsePending(XML_NODE* element)
     m_stack.clear();
 }
 
-char* XmlParser::parseDocType(XML_NODE* top, char* pos, char* end)
+const char* XmlParser::parseDocType(XML_NODE* top, const char* pos, const char* end)
 {
-    char* word = pos + 1;
-    char* wordEnd = word;
+    const char* word = pos + 1;
+    const char* wordEnd = word;
     while (wordEnd < end && !IsBlank(*wordEnd) && *wordEnd != '>')
         ++wordEnd;
     if (wordEnd - word != 8 || std::memcmp(word, "!DOCTYPE", 8) != 0)
         return AfterTagEnd(pos, end);
 
-    char* name = SkipBlanks(wordEnd, end);
-    char* nameEnd = name;
-    while (nameEnd < end && !IsBlank(*nameEnd) && *nameEnd != '>' && *nameEnd != '[')
-        ++nameEnd;
-    char* quoted[2] = {nullptr, nullptr};
-    char* quotedEnd[2] = {nullptr, nullptr};
+    auto* doctype = static_cast<XML_DOCTYPE*>(m_document.Allocate(sizeof(XML_DOCTYPE)));
+    *doctype = XML_DOCTYPE{nullptr, nullptr, nullptr};
+    const char* name = SkipBlanks(wordEnd, end);
+    const char* p = name;
+    while (p < end && !IsBlank(*p) && *p != '>' && *p != '[')
+        ++p;
+    if (p > name)
+        doctype->name = m_document.CopyString(name, static_cast<size_t>(p - name));
     int found = 0;
-    char* p = nameEnd;
     while (p < end && *p != '>') {
         if (*p != '"') {
             ++p;
             continue;
         }
-        char* close = Find(p + 1, end, '"');
-        if (found < 2) {
-            quoted[found] = p + 1;
-            quotedEnd[found++] = close;
-        }
+        const char* close = Find(p + 1, end, '"');
+        if (found < 2)
+            (found++ == 0 ? doctype->first : doctype->second) =
+                m_document.CopyString(p + 1, static_cast<size_t>(close - p - 1));
         p = close == end ? close : close + 1;
     }
-    char* after = p < end ? p + 1 : end;
-
-    // Terminate the strings only now: the name may end on the ">".
-    auto* doctype = static_cast<XML_DOCTYPE*>(m_document.Allocate(sizeof(XML_DOCTYPE)));
-    *doctype = XML_DOCTYPE{nullptr, nullptr, nullptr};
-    if (nameEnd > name) {
-        *nameEnd = '\0';
-        doctype->name = name;
-    }
-    for (int i = 0; i < found; ++i) {
-        *quotedEnd[i] = '\0';
-        (i == 0 ? doctype->first : doctype->second) = quoted[i];
-    }
     top->doctype = doctype;
-    return after;
+    return p < end ? p + 1 : end;
 }
 
-char* XmlParser::parseStartTag(XML_NODE* element, char* pos, char* end, bool& selfClosing)
+const char* XmlParser::parseStartTag(XML_NODE* element, const char* pos, const char* end, bool& selfClosing)
 {
     selfClosing = false;
-    char* name = pos + 1;
-    char* p = name;
+    const char* name = pos + 1;
+    const char* p = name;
     while (p < end && !EndsName(*p))
         ++p;
-    // Read the byte that ended the name before the NUL replaces it.
-    const char terminator = p < end ? *p : '\0';
-    *p = '\0';
-    element->tag.name = name;
+    element->source = name;
+    element->tag.name = m_document.CopyString(name, static_cast<size_t>(p - name));
     if (p >= end)
         return p;
-    if (terminator == '>')
+    if (*p == '>')
         return p + 1;
-    if (terminator == '/')
+    if (*p == '/')
         return emptyElementEnd(p + 1, end, selfClosing);
     for (++p;;) {
         p = SkipBlanks(p, end);
@@ -142,34 +128,37 @@ char* XmlParser::parseStartTag(XML_NODE* element, char* pos, char* end, bool& se
     }
 }
 
-char* XmlParser::parseAttribute(XML_NODE* element, char* pos, char* end)
+const char* XmlParser::parseAttribute(XML_NODE* element, const char* pos, const char* end)
 {
-    char* name = pos;
-    char* p = pos;
+    const char* name = pos;
+    const char* p = pos;
     while (p < end && !IsBlank(*p) && *p != '=' && *p != '>' && *p != '/')
         ++p;
-    char* nameEnd = p;
+    const char* nameEnd = p;
     p = SkipBlanks(p, end);
     // Only name="value" is an attribute; a bare name, an unquoted or a
     // single-quoted value is stepped over.
     if (p >= end || *p != '=')
         return p;
-    if (p + 1 >= end || p[1] != '"') {
+    if (At(p, end, 1) != '"') {
         ++p;
         while (p < end && !IsBlank(*p) && *p != '>' && *p != '/')
             ++p;
         return p;
     }
-    char* value = p + 2;
-    char* close = Find(value, end, '"');
-    *nameEnd = '\0';
-    const uint32_t length = tag_code_to_tag(value, value, static_cast<uint32_t>(close - value));
-    value[length] = '\0';
-    m_document.Append(element->attributes, XML_TAG{name, length ? value : nullptr, length, false});
+    const char* raw = p + 2;
+    const char* close = Find(raw, end, '"');
+    XML_TAG attribute{m_document.CopyString(name, static_cast<size_t>(nameEnd - name)), nullptr, 0, false};
+    if (close > raw) {
+        attribute.value = static_cast<char*>(m_document.Allocate(static_cast<size_t>(close - raw) + 1));
+        attribute.valueLength = tag_code_to_tag(attribute.value, raw, static_cast<uint32_t>(close - raw));
+        attribute.value[attribute.valueLength] = '\0';
+    }
+    m_document.Append(element->attributes, attribute);
     return close < end ? close + 1 : close;
 }
 
-void XmlParser::parseContent(char* pos, char* end)
+void XmlParser::parseContent(const char* pos, const char* end)
 {
     while (!m_stack.empty()) {
         pos = SkipBlanks(pos, end);
@@ -180,7 +169,7 @@ void XmlParser::parseContent(char* pos, char* end)
             pos = parseText(current, pos, end);
             continue;
         }
-        const char next = pos[1];
+        const char next = At(pos, end, 1);
         if (next == '/') {
             pos = closeElement(pos, end);
         } else if (next == '!') {
@@ -200,32 +189,27 @@ void XmlParser::parseContent(char* pos, char* end)
     }
 }
 
-char* XmlParser::parseText(XML_NODE* element, char* pos, char* end)
+const char* XmlParser::parseText(XML_NODE* element, const char* pos, const char* end)
 {
-    char* lt = Find(pos, end, '<');
-    const bool closing = lt < end && lt[1] == '/';
+    const char* lt = Find(pos, end, '<');
     const auto raw = static_cast<uint32_t>(lt - pos);
-    const uint32_t length = tag_code_to_tag(pos, pos, raw);
-    char* value = pos;
-    // The NUL may go on the "<" only when nothing needs that "<" again.
-    if (length < raw || closing || lt == end)
-        value[length] = '\0';
-    else
-        value = m_document.CopyString(pos, length);
+    char* value = static_cast<char*>(m_document.Allocate(raw + 1));
+    const uint32_t length = tag_code_to_tag(value, pos, raw);
+    value[length] = '\0';
     element->tag = XML_TAG{element->tag.name, value, length, false};
-    return closing ? closeElement(lt, end) : lt;
+    return lt;
 }
 
-char* XmlParser::parseCData(XML_NODE* element, char* pos, char* end)
+const char* XmlParser::parseCData(XML_NODE* element, const char* pos, const char* end)
 {
-    char* value = pos + CDATA_IN_LEN;
-    char* close = FindText(value, end, CDATA_OUT);
-    *close = '\0';
-    element->tag = XML_TAG{element->tag.name, value, static_cast<uint32_t>(close - value), true};
+    const char* value = pos + CDATA_IN_LEN;
+    const char* close = FindText(value, end, CDATA_OUT);
+    const auto length = static_cast<uint32_t>(close - value);
+    element->tag = XML_TAG{element->tag.name, m_document.CopyString(value, length), length, true};
     return close < end ? close + CDATA_OUT_LEN : close;
 }
 
-char* XmlParser::parseChild(XML_NODE* parent, char* pos, char* end)
+const char* XmlParser::parseChild(XML_NODE* parent, const char* pos, const char* end)
 {
     XML_NODE* child = m_document.NewNode(parent);
     child->index = parent->children.count;
@@ -237,7 +221,7 @@ char* XmlParser::parseChild(XML_NODE* parent, char* pos, char* end)
     return pos;
 }
 
-char* XmlParser::deferChildren(XML_NODE* element, char* pos, char* end)
+const char* XmlParser::deferChildren(XML_NODE* element, const char* pos, const char* end)
 {
     m_stack.pop_back();
     // Nothing after the top element is read, so its pending text can run to
@@ -248,21 +232,18 @@ char* XmlParser::deferChildren(XML_NODE* element, char* pos, char* end)
         element->pendingLength = static_cast<uint32_t>(end - pos);
         return end;
     }
-    const char* name = element->tag.name;
     XmlClosingTags& learnt = m_document.ClosingTags();
-    char* close = learnt.Find(name);
-    if (!close || close < pos || close > end)
+    const char* close = learnt.Find(element->source);
+    if (!close || close < pos || close > end) {
+        const char* name = element->tag.name;
         close = FindClosingTag(pos, end, name, std::strlen(name), learnt);
+    }
     element->pending = pos;
     element->pendingLength = static_cast<uint32_t>(close - pos);
-    if (close >= end)
-        return close;
-    char* after = AfterTagEnd(close + 2, end);
-    *close = '\0'; // the closing tag is consumed: its "<" ends the pending text
-    return after;
+    return close < end ? AfterTagEnd(close + 2, end) : close;
 }
 
-char* XmlParser::closeElement(char* pos, char* end)
+const char* XmlParser::closeElement(const char* pos, const char* end)
 {
     // The name in a closing tag is not checked: it closes the innermost element.
     m_stack.pop_back();

@@ -1,7 +1,8 @@
 #pragma once
-// Parses document text into elements, in place: names and values are
-// NUL-terminated inside the document's buffer and decoded there, so a parse
-// allocates only element records and arrays.
+// Parses document text into elements. The text is only read, never
+// changed: names and decoded values are copied into the document's arena,
+// so a lazy parse touches no byte of the children it keeps pending, and the
+// text can be the caller's own buffer.
 //
 // Element parsing is iterative (an explicit stack of open elements), so
 // documents nested ten thousand levels deep or more cost no call stack; in
@@ -18,27 +19,27 @@ public:
 
     // Parses the prolog (declaration, DOCTYPE, comments) and the top element
     // of [text, end) into `top`, which takes the top element's name.
-    void ParseDocument(XML_NODE* top, char* text, char* end);
+    void ParseDocument(XML_NODE* top, const char* text, const char* end);
 
     // Parses the children kept as raw text by a lazy parse (lazily again).
     void ParsePending(XML_NODE* element);
 
 private:
-    char* parseDocType(XML_NODE* top, char* pos, char* end);
+    const char* parseDocType(XML_NODE* top, const char* pos, const char* end);
     // Reads "<name attributes...>" into the element; sets selfClosing for
     // "<name .../>". Returns the position after the tag.
-    char* parseStartTag(XML_NODE* element, char* pos, char* end, bool& selfClosing);
-    char* parseAttribute(XML_NODE* element, char* pos, char* end);
+    const char* parseStartTag(XML_NODE* element, const char* pos, const char* end, bool& selfClosing);
+    const char* parseAttribute(XML_NODE* element, const char* pos, const char* end);
     // The content loop: text, CDATA, comments, children and closing tags of
     // the elements on the stack, until the stack empties or the text ends.
-    void parseContent(char* pos, char* end);
-    char* parseText(XML_NODE* element, char* pos, char* end);
-    char* parseCData(XML_NODE* element, char* pos, char* end);
-    char* parseChild(XML_NODE* parent, char* pos, char* end);
+    void parseContent(const char* pos, const char* end);
+    const char* parseText(XML_NODE* element, const char* pos, const char* end);
+    const char* parseCData(XML_NODE* element, const char* pos, const char* end);
+    const char* parseChild(XML_NODE* parent, const char* pos, const char* end);
     // Keeps the rest of the element's content as pending text and returns
     // the position after its closing tag.
-    char* deferChildren(XML_NODE* element, char* pos, char* end);
-    char* closeElement(char* pos, char* end);
+    const char* deferChildren(XML_NODE* element, const char* pos, const char* end);
+    const char* closeElement(const char* pos, const char* end);
 
     XmlDocument& m_document;
     std::vector<XML_NODE*>& m_stack;

@@ -1,7 +1,7 @@
 #pragma once
-// Byte-level scanning over a range [pos, end) of a document buffer. Every
-// function stays inside the range, whatever the bytes are; the byte at
-// `end` is always a NUL the parser put there, never read as content.
+// Byte-level scanning over a range [pos, end) of a document's text. Every
+// function stays inside the range, whatever the bytes are, and none writes:
+// the text may belong to the caller.
 #include <cstddef>
 #include <cstring>
 
@@ -22,7 +22,7 @@ inline bool EndsName(char c)
     return IsBlank(c) || c == '/' || c == '>';
 }
 
-inline char* SkipBlanks(char* pos, const char* end)
+inline const char* SkipBlanks(const char* pos, const char* end)
 {
     while (pos < end && IsBlank(*pos))
         ++pos;
@@ -30,16 +30,22 @@ inline char* SkipBlanks(char* pos, const char* end)
 }
 
 // The first `c` at or after pos, or end.
-inline char* Find(char* pos, const char* end, char c)
+inline const char* Find(const char* pos, const char* end, char c)
 {
     if (pos >= end)
-        return const_cast<char*>(end);
-    auto* found = static_cast<char*>(std::memchr(pos, c, static_cast<size_t>(end - pos)));
-    return found ? found : const_cast<char*>(end);
+        return end;
+    const auto* found = static_cast<const char*>(std::memchr(pos, c, static_cast<size_t>(end - pos)));
+    return found ? found : end;
+}
+
+// The byte at pos + offset, or NUL past the end.
+inline char At(const char* pos, const char* end, size_t offset)
+{
+    return static_cast<size_t>(end - pos) > offset ? pos[offset] : '\0';
 }
 
 // The first occurrence of the NUL-terminated `text` at or after pos, or end.
-char* FindText(char* pos, const char* end, const char* text);
+const char* FindText(const char* pos, const char* end, const char* text);
 
 // Whether the range at pos begins with the literal.
 template <size_t N>
@@ -54,16 +60,17 @@ bool NameAt(const char* pos, const char* end, const char* name, size_t length);
 
 // Position after a comment starting at pos ("<!--"), or end when the
 // comment never closes.
-char* SkipComment(char* pos, const char* end);
+const char* SkipComment(const char* pos, const char* end);
 
 // Position after the next ">" at or after pos, or end.
-char* AfterTagEnd(char* pos, const char* end);
+const char* AfterTagEnd(const char* pos, const char* end);
 
 // In the content of an element named `name`, starting at pos: the "<" of
 // the element's own closing tag, counting nested elements of the same name
 // (an opening tag counts unless it ends in "/>") and stepping over comments
 // and CDATA sections; end when the element never closes. Where deeply
 // nested elements of the same name close is added to `learnt`.
-char* FindClosingTag(char* pos, const char* end, const char* name, size_t length, XmlClosingTags& learnt);
+const char* FindClosingTag(const char* pos, const char* end, const char* name, size_t length,
+                           XmlClosingTags& learnt);
 
 } // namespace UIKit::XmlScanner

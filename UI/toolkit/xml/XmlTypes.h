@@ -23,8 +23,8 @@ inline bool XML_FAILED(uint32_t result)
 
 // A name with its value: an attribute, or an element's name and text.
 struct XML_TAG {
-    char* name;           // NUL-terminated
-    char* value;          // NUL-terminated; null when absent or empty
+    char* name;           // NUL-terminated, in the document's memory
+    char* value;          // NUL-terminated, decoded; null when absent or empty
     uint32_t valueLength; // bytes of value, without the NUL
     bool cdata;           // the value came from a CDATA section
 };
@@ -56,10 +56,11 @@ struct _XML_NODE {
     XML_ARRAY<_XML_NODE*> children;   // in document order
     _XML_NODE* parent;                // null for the top element
     XML_DOCTYPE* doctype;             // only on a top element whose document has one
-    // Raw text of the children not parsed yet (lazy mode), NUL-terminated,
-    // inside the document's buffer; null once parsed.
-    char* pending;
+    // Raw text of the children not parsed yet (lazy mode), inside the
+    // document's text; null once parsed.
+    const char* pending;
     uint32_t pendingLength;
+    const char* source;               // where the element's name starts in that text
     uint32_t index;                   // position among the parent's children
     XmlDocument* document;            // the memory this element lives in
     bool ownsDocument;                // true for an element made by node_create
