@@ -3,8 +3,10 @@
 #include "xml/XmlClosingTags.h"
 #include "xml/XmlEntities.h"
 
-#ifdef __x86_64__
+#if defined(__x86_64__)
 #include <immintrin.h>
+#elif defined(__SSE2__)
+#include <emmintrin.h>
 #endif
 
 namespace UIKit::XmlScanner {
