@@ -1,0 +1,163 @@
+#include "../frames/TestDashboard.h"
+
+#include "TestSupport.h"
+#include "controls/PanelCtrl.h"
+#include "factory/ControlIds.h"
+#include "module/App.h"
+#include "module/AppController.h"
+#include "module/IPCActivateAppConnection.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/frame.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace UIKit;
+
+namespace {
+
+class Listener final : public AppEvent {
+public:
+    Listener(std::vector<std::string>& log, std::string name, bool allow)
+        : m_log(log), m_name(std::move(name)), m_allow(allow)
+    {
+    }
+    bool OnAppRequestClose() override
+    {
+        m_log.push_back(m_name);
+        return m_allow;
+    }
+    void OnAppStopping() override { m_log.push_back(m_name + " stops"); }
+
+private:
+    std::vector<std::string>& m_log;
+    std::string m_name;
+    bool m_allow;
+};
+
+Toolkit::smart_ptr<AppEvent> listener(std::vector<std::string>& log, const std::string& name, bool allow)
+{
+    return Toolkit::smart_ptr<AppEvent>(new Listener(log, name, allow));
+}
+
+TEST(AppControllerTest, CloseRequestsStopAtTheFirstVetoAndEveryEntryIsAskedInOrder)
+{
+    AppController controller;
+    EXPECT_TRUE(controller.DispatchAppRequestClose()) << "nobody to object";
+
+    std::vector<std::string> log;
+    auto a = listener(log, "A", true);
+    auto b = listener(log, "B", false);
+    auto c = listener(log, "C", true);
+    controller.AddListener(a);
+    controller.AddListener(b);
+    controller.AddListener(c);
+    EXPECT_FALSE(controller.DispatchAppRequestClose());
+    EXPECT_EQ(log, (std::vector<std::string>{"A", "B"})) << "C is not asked after B's veto";
+
+    log.clear();
+    controller.DispatchAppStopping();
+    EXPECT_EQ(log, (std::vector<std::string>{"A stops", "B stops", "C stops"}));
+
+    // A listener added twice hears twice; removing it drops one entry.
+    controller.RemoveListener(b);
+    controller.AddListener(a);
+    log.clear();
+    EXPECT_TRUE(controller.DispatchAppRequestClose());
+    EXPECT_EQ(log, (std::vector<std::string>{"A", "C", "A"}));
+    controller.RemoveListener(a);
+    controller.RemoveListener(b); // no longer registered: nothing happens
+    log.clear();
+    controller.DispatchAppStopping();
+    EXPECT_EQ(log, (std::vector<std::string>{"C stops", "A stops"}));
+}
+
+TEST(AppControllerTest, CloseButtonOfTheDashboardIsShownAndHidden)
+{
+    AppController controller;
+    controller.ShowCloseButton(false); // no dashboard: nothing to do
+
+    auto* dashboard = new frametest::TestDashboard();
+    auto* close = new PanelCtrl(dashboard, ID_FRAME_CLOSE, wxRect(0, 0, 10, 10));
+    App::m_pDashboard = dashboard;
+    controller.ShowCloseButton(false);
+    EXPECT_FALSE(close->IsShown());
+    controller.ShowCloseButton(true);
+    EXPECT_TRUE(close->IsShown());
+    App::m_pDashboard = nullptr;
+    delete dashboard;
+}
+
+// The host's top window; counts how often it is brought forward.
+class TopWindow : public wxFrame {
+public:
+    TopWindow() : wxFrame(nullptr, wxID_ANY, "top") {}
+    void Raise() override { ++raised; }
+    int raised = 0;
+};
+
+// A UIKit::App standing in for the host's application object while the test
+// binary's own application stays wxTheApp (constructing an application
+// object makes it the instance, so the previous one is put back).
+class StandInApp {
+public:
+    StandInApp() : m_previous(wxApp::GetInstance())
+    {
+        m_app = new App();
+        wxApp::SetInstance(m_previous);
+        App::m_wxApp = m_app;
+        m_app->SetTopWindow(&m_top);
+    }
+    ~StandInApp()
+    {
+        App::m_wxApp = nullptr;
+        delete m_app;
+        wxApp::SetInstance(m_previous);
+    }
+    StandInApp(const StandInApp&) = delete;
+    StandInApp& operator=(const StandInApp&) = delete;
+
+    // Runs everything queued on the stand-in before this call (its queue is
+    // first in, first out), so a raise posted earlier has happened after it.
+    void Drain()
+    {
+        bool done = false;
+        m_app->CallAfter([&] { done = true; });
+        ASSERT_TRUE(testsupport::ProcessEventsUntil([&] { return done; }));
+    }
+
+    TopWindow m_top;
+
+private:
+    wxAppConsole* m_previous;
+    App* m_app;
+};
+
+TEST(IPCActivateAppConnectionTest, OnlyTheExactCommandRaisesTheTopWindowOnTheGuiThread)
+{
+    IPCActivateAppConnection connection;
+    // Without the application object nothing is posted anywhere.
+    ASSERT_EQ(App::m_wxApp, nullptr);
+    std::thread([&] { connection.OnExecute(L"IPC_ACTIVATE"); }).join();
+
+    StandInApp app;
+    struct Case {
+        const wchar_t* command;
+        int raises;
+    };
+    const Case cases[] = {
+        {L"IPC_ACTIVATE", 1}, {L"ipc_activate", 0}, {L"IPC_ACTIVATE ", 0}, {L"IPC_ACTIVAT", 0}, {L"", 0},
+    };
+    for (const auto& c : cases) {
+        app.m_top.raised = 0;
+        std::thread([&] { connection.OnExecute(c.command); }).join();
+        EXPECT_EQ(app.m_top.raised, 0) << "the raise waits for the GUI thread";
+        app.Drain();
+        EXPECT_EQ(app.m_top.raised, c.raises) << std::wstring(c.command);
+    }
+}
+
+} // namespace
