@@ -1,0 +1,185 @@
+#include "ControlTestSupport.h"
+
+#include "controls/ButtonCtrl.h"
+#include "controls/EditTextCtrl.h"
+#include "controls/MyTextControl.h"
+#include "controls/StaticTextCtrl.h"
+#include "descriptors/ButtonCtrlDescriptor.h"
+#include "descriptors/EditTextCtrlDescriptor.h"
+#include "descriptors/StaticTextCtrlDescriptor.h"
+
+#include <wx/dcclient.h>
+
+using namespace UIKit;
+
+namespace {
+
+// Counts whole-window refreshes, which a label does once per fitting.
+class CountingLabel : public StaticTextCtrl {
+public:
+    using StaticTextCtrl::StaticTextCtrl;
+    void Refresh(bool erase = true, const wxRect* rect = nullptr) override
+    {
+        ++refreshes;
+        StaticTextCtrl::Refresh(erase, rect);
+    }
+    int refreshes = 0;
+};
+
+class TextCtrlTest : public controltest::SkinnedTest {};
+
+TEST_F(TextCtrlTest, StaticTextFitsItsLabelOncePerNewText)
+{
+    auto* label = new CountingLabel(m_frame, wxID_ANY, wxRect(0, 0, 80, 60));
+    label->LoadDescriptor(Describe<StaticTextCtrlDescriptor>(
+        R"(<Control class="StaticTextCtrl" bounds="0,0,80,60"><Font ptsize="10"/><Label>Hi</Label></Control>)"));
+    EXPECT_EQ(label->GetControlLabel(), L"Hi");
+    EXPECT_EQ(label->GetLabelArea(), wxRect(2, 2, 76, 56));
+
+    label->refreshes = 0;
+    label->SetControlLabel(L"Hello");
+    label->SetControlLabel(L"Hello");
+    EXPECT_EQ(label->refreshes, 1);
+
+    // A long text is wrapped into the area; the fitted text is the label.
+    const TString<wchar_t> text = L"This sentence is far too long for one line of the label";
+    label->SetControlLabel(text);
+    const TString<wchar_t> fitted = label->GetControlLabel();
+    EXPECT_NE(fitted, text);
+    wxClientDC dc(label);
+    const auto description = label->GetDescriptor().DynamicCast<StaticTextCtrlDescriptor>();
+    dc.SetFont(description->GetFont()->GetFont());
+    TString<wchar_t> rejoined;
+    for (const auto& line : fitted.Split(L"\n")) {
+        EXPECT_LE(dc.GetTextExtent(wxString(line)).x, 76) << std::wstring(line);
+        rejoined += (rejoined.empty() ? L"" : L" ") + line;
+    }
+    EXPECT_EQ(rejoined, text);
+}
+
+TEST_F(TextCtrlTest, ClickOnALabelReachesTheButtonUnderIt)
+{
+    testsupport::FakeClock clock(10000);
+    auto* button = new ButtonCtrl(m_frame, wxID_ANY, wxRect(0, 0, 100, 40));
+    button->LoadDescriptor(Describe<ButtonCtrlDescriptor>(R"(<Control class="ButtonCtrl" bounds="0,0,100,40"/>)"));
+    auto* label = new StaticTextCtrl(button, wxID_ANY, wxRect(10, 10, 80, 20));
+    label->LoadDescriptor(Describe<StaticTextCtrlDescriptor>(
+        R"(<Control class="StaticTextCtrl" bounds="10,10,80,20"><Label>Go</Label></Control>)"));
+    int clicks = 0;
+    button->Bind(wxEVT_BUTTON, [&](wxCommandEvent&) { ++clicks; });
+    const auto send = [&](wxEventType type) {
+        wxMouseEvent event(type);
+        label->GetEventHandler()->ProcessEvent(event);
+    };
+
+    send(wxEVT_ENTER_WINDOW);
+    EXPECT_TRUE(button->IsInside());
+    EXPECT_FALSE(label->IsInside()) << "the label never tracks the pointer itself";
+    send(wxEVT_LEFT_DOWN);
+    EXPECT_TRUE(button->IsPressed());
+    send(wxEVT_LEFT_UP);
+    EXPECT_EQ(clicks, 1);
+    send(wxEVT_LEAVE_WINDOW);
+    EXPECT_FALSE(button->IsInside());
+}
+
+class EditTextTest : public TextCtrlTest {
+protected:
+    EditTextCtrl* Edit(const std::string& style = "")
+    {
+        auto* edit = new EditTextCtrl(m_frame, wxID_ANY, wxRect(0, 0, 120, 24));
+        edit->LoadDescriptor(Describe<EditTextCtrlDescriptor>(
+            R"(<Control class="EditTextCtrl" bounds="0,0,120,24">)" + style + "</Control>"));
+        return edit;
+    }
+};
+
+TEST_F(EditTextTest, ShowingTheBoxEmptiesIt)
+{
+    EditTextCtrl* edit = Edit();
+    ASSERT_NE(edit->GetTextBox(), nullptr);
+    edit->SetControlLabel(L"secret");
+    EXPECT_EQ(edit->GetControlLabel(), L"secret");
+    edit->Hide();
+    EXPECT_EQ(edit->GetControlLabel(), L"secret") << "hiding keeps the text";
+    edit->Show();
+    EXPECT_EQ(edit->GetControlLabel(), L"");
+    edit->SetControlLabel(L"again");
+    edit->Show();
+    EXPECT_EQ(edit->GetControlLabel(), L"") << "every show starts empty";
+}
+
+TEST_F(EditTextTest, ReturnBecomesTheEnterEventAndIsNotTyped)
+{
+    EditTextCtrl* edit = Edit();
+    std::vector<std::pair<wxEventType, int>> posted;
+    for (const wxEventType type : {PanelCtrl::EVT_KEYPRESSED_ENTER, PanelCtrl::EVT_KEYDOWN, PanelCtrl::EVT_KEYPRESSED_TAB})
+        edit->Bind(wxEventTypeTag<wxCommandEvent>(type), [&](wxCommandEvent& e) {
+            EXPECT_EQ(e.GetEventObject(), edit);
+            posted.emplace_back(e.GetEventType(), e.GetInt());
+            if (e.GetEventType() == PanelCtrl::EVT_KEYDOWN) {
+                EXPECT_EQ(e.GetExtraLong(), e.GetInt() == WXK_RETURN ? 2 : 0);
+            }
+        });
+    struct Case {
+        int code;
+        bool ctrl;
+        wxEventType posted;
+        bool passedToTheBox;
+    };
+    const Case cases[] = {
+        {WXK_RETURN, false, PanelCtrl::EVT_KEYPRESSED_ENTER, false},
+        {WXK_NUMPAD_ENTER, false, PanelCtrl::EVT_KEYPRESSED_ENTER, false},
+        {WXK_RETURN, true, PanelCtrl::EVT_KEYDOWN, true},
+        {WXK_TAB, false, PanelCtrl::EVT_KEYPRESSED_TAB, false},
+        {'x', false, PanelCtrl::EVT_KEYDOWN, true},
+    };
+    for (const auto& c : cases) {
+        posted.clear();
+        wxKeyEvent key(wxEVT_CHAR);
+        key.m_keyCode = c.code;
+        key.SetControlDown(c.ctrl);
+        // A key the box does not handle is skipped on to its default processing
+        // (the native insertion); one it handles is consumed.
+        const bool consumed = edit->GetTextBox()->GetEventHandler()->ProcessEvent(key);
+        EXPECT_EQ(!consumed, c.passedToTheBox) << "key " << c.code << " ctrl " << c.ctrl;
+        EXPECT_TRUE(testsupport::ProcessEventsUntil([&] { return !posted.empty(); }));
+        ASSERT_EQ(posted.size(), 1u);
+        EXPECT_EQ(posted[0].first, c.posted) << "key " << c.code << " ctrl " << c.ctrl;
+    }
+    EXPECT_EQ(edit->GetControlLabel(), L"");
+}
+
+TEST_F(EditTextTest, FiltersKeepAllowedCharactersAndMoveTheCaretBack)
+{
+    EditTextCtrl* edit = Edit();
+    struct Case {
+        bool digits;
+        std::wstring text;
+        long caret;
+        bool changed;
+        std::wstring filtered;
+        long caretAfter;
+    };
+    const Case cases[] = {
+        {true, L"12a3", 4, true, L"123", 3},
+        {true, L"123", 2, false, L"123", 2},
+        {true, L"ab1", 1, true, L"1", 0}, // would go below 0
+        {true, L"", 0, false, L"", 0},
+        {false, std::wstring(L"caf\u00e9\tok\u263a!"), 9, true, std::wstring(L"caf\u00e9ok!"), 7},
+        {false, L"plain text", 3, false, L"plain text", 3},
+        {false, std::wstring(L"\u00ff\u0100 \u001f"), 4, true, std::wstring(L"\u00ff "), 2},
+    };
+    for (const auto& c : cases) {
+        edit->SetControlLabel(c.text);
+        edit->SetInsertionPoint(c.caret);
+        TString<wchar_t> out = L"stale";
+        const bool changed = c.digits ? edit->FilterDigits(out) : edit->FilterAlphaNumeric(out);
+        EXPECT_EQ(changed, c.changed) << c.text;
+        EXPECT_EQ(out, c.filtered) << c.text;
+        EXPECT_EQ(edit->GetControlLabel(), c.filtered) << c.text;
+        EXPECT_EQ(edit->GetInsertionPoint(), c.caretAfter) << c.text;
+    }
+}
+
+} // namespace
