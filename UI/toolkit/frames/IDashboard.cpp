@@ -29,13 +29,16 @@ bool IDashboard::IsClosing()
 
 bool IDashboard::WaitAndDispatch()
 {
-    while (m_waitingEvent->Wait(20) && !IsClosing()) {
+    // Both events reset themselves when a wait sees them: a closing signal
+    // that ends the loop is the answer, as asking again would no longer see it.
+    bool closing = false;
+    while (m_waitingEvent->Wait(20) && !(closing = IsClosing())) {
         if (!Toolkit::Thread::IsMainThread() || !wxTheApp)
             continue;
         while (wxTheApp->Pending())
             wxTheApp->Dispatch();
     }
-    return IsClosing();
+    return closing || IsClosing();
 }
 
 } // namespace UIKit

@@ -41,10 +41,11 @@ public:
     // The device connection changed (device found, lost or updated).
     virtual void OnDeviceStateChanged() = 0;
 
-    // Whether the closing signal is set.
+    // Whether the closing signal is set. Both signals reset themselves when
+    // a wait sees them, so this answers true once per signal.
     bool IsClosing();
     // Dispatches GUI events while the waiting signal is set (checked every
-    // 20 ms) and the closing signal is not; returns IsClosing().
+    // 20 ms) and the closing signal is not; returns whether closing was seen.
     bool WaitAndDispatch();
 
     Control* GetControlPlaceholder() const { return m_pControlPlaceholder; }

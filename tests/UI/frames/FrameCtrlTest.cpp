@@ -1,0 +1,208 @@
+#include "../descriptors/DescriptorTestSupport.h"
+#include "TestDashboard.h"
+
+#include "TestSupport.h"
+#include "controls/ButtonCtrl.h"
+#include "descriptors/FrameCtrlDescriptor.h"
+#include "factory/ControlIds.h"
+#include "frames/FrameCtrl.h"
+#include "xml/IResourceProvider.h"
+
+#include <gtest/gtest.h>
+
+#include <gtk/gtk.h>
+
+#include <map>
+#include <thread>
+
+using namespace UIKit;
+
+namespace {
+
+// Serves images made by the test to the XML reader.
+class Images : public IResourceProvider {
+public:
+    Images() : m_previous(XMLLoader::GetResourceProvider()) { XMLLoader::SetResourceProvider(this); }
+    ~Images() override { XMLLoader::SetResourceProvider(m_previous); }
+    bool ReadDescriptor(const TString<wchar_t>&, std::vector<unsigned char>&) override { return false; }
+    wxImage GetGraphic(const TString<wchar_t>& name) override
+    {
+        const auto found = m_images.find(name);
+        return found == m_images.end() ? wxNullImage : found->second;
+    }
+    const TString<wchar_t>& GetAddStr(const TString<char>& key) override
+    {
+        return m_strings[key] = TString<wchar_t>(key.begin(), key.end());
+    }
+    std::map<TString<wchar_t>, wxImage> m_images;
+
+private:
+    IResourceProvider* m_previous;
+    std::map<TString<char>, TString<wchar_t>> m_strings;
+};
+
+// White, with magenta squares of `corner` pixels in the four corners.
+wxImage cornered(int width, int height, int corner)
+{
+    wxImage image(width, height);
+    image.SetRGB(wxRect(0, 0, width, height), 255, 255, 255);
+    for (const wxPoint at : {wxPoint(0, 0), wxPoint(width - corner, 0), wxPoint(0, height - corner),
+                             wxPoint(width - corner, height - corner)})
+        image.SetRGB(wxRect(at, wxSize(corner, corner)), 255, 0, 255);
+    return image;
+}
+
+// Records the shapes given to the window and the title-button actions.
+class TestFrame : public FrameCtrl {
+public:
+    explicit TestFrame(const wxSize& size)
+        : FrameCtrl(nullptr, L"frame", wxID_ANY, wxRect(wxPoint(100, 100), size),
+                    wxCAPTION | wxSIMPLE_BORDER | wxFRAME_SHAPED)
+    {
+    }
+    void Iconize(bool iconize) override { iconized.push_back(iconize); }
+    void Maximize(bool maximize) override { maximized.push_back(maximize); }
+
+    wxRegion shape;
+    int shapes = 0;
+    std::vector<bool> iconized;
+    std::vector<bool> maximized;
+
+protected:
+    bool DoSetRegionShape(const wxRegion& region) override
+    {
+        shape = region;
+        ++shapes;
+        return FrameCtrl::DoSetRegionShape(region);
+    }
+};
+
+class FrameCtrlTest : public testing::Test {
+protected:
+    TestFrame* Frame(const std::string& attributes, const wxSize& size = wxSize(40, 30))
+    {
+        m_images.m_images[L"back.png"] = cornered(size.x, size.y, 3);
+        m_document = std::make_unique<descriptortest::Document>(
+            "<Control class=\"FrameCtrl\" bounds=\"0,0," + std::to_string(size.x) + "," + std::to_string(size.y) +
+            "\" " + attributes + "><BackgroundImage>back.png</BackgroundImage></Control>");
+        m_frame = new TestFrame(size);
+        m_frame->LoadDescriptor(m_document->Make<FrameCtrlDescriptor>());
+        return m_frame;
+    }
+    void TearDown() override { delete m_frame; }
+
+    Images m_images;
+    std::unique_ptr<descriptortest::Document> m_document;
+    TestFrame* m_frame = nullptr;
+};
+
+TEST_F(FrameCtrlTest, MagentaOfTheBackgroundIsCutFromTheWindowShape)
+{
+    TestFrame* frame = Frame("");
+    ASSERT_GT(frame->shapes, 0);
+    struct Probe {
+        wxPoint at;
+        bool inside;
+    };
+    const Probe small[] = {{{0, 0}, false},   {{2, 2}, false},   {{3, 0}, true},   {{0, 3}, true},  {{39, 0}, false},
+                           {{37, 2}, false},  {{36, 2}, true},   {{0, 29}, false}, {{39, 29}, false}, {{20, 15}, true},
+                           {{36, 26}, true},  {{40, 15}, false}};
+    for (const auto& p : small)
+        EXPECT_EQ(frame->shape.Contains(p.at) == wxInRegion, p.inside) << p.at.x << "," << p.at.y;
+
+    // After a resize the outline follows the stretched background.
+    frame->SetClientSize(80, 60);
+    ASSERT_TRUE(frame->CreateShape());
+    const Probe large[] = {{{5, 5}, false},   {{6, 6}, true},   {{6, 0}, true},   {{79, 59}, false},
+                           {{74, 54}, false}, {{73, 53}, true}, {{40, 30}, true}, {{79, 30}, true}};
+    for (const auto& p : large)
+        EXPECT_EQ(frame->shape.Contains(p.at) == wxInRegion, p.inside) << p.at.x << "," << p.at.y;
+}
+
+TEST_F(FrameCtrlTest, OnlyAMovableFrameFollowsADrag)
+{
+    for (const bool movable : {false, true}) {
+        TestFrame* frame = Frame(movable ? "" : "movable=\"false\"");
+        ASSERT_EQ(frame->IsMovable(), movable);
+        frame->Show();
+        const wxPoint before = frame->GetPosition();
+        const auto send = [&](wxEventType type, int x, int y) {
+            wxMouseEvent event(type);
+            event.SetPosition(wxPoint(x, y));
+            event.SetLeftDown(type != wxEVT_LEFT_UP);
+            frame->GetEventHandler()->ProcessEvent(event);
+        };
+        send(wxEVT_LEFT_DOWN, 10, 10);
+        EXPECT_EQ(frame->HasCapture(), movable);
+        send(wxEVT_MOTION, 30, 25);
+        EXPECT_EQ(frame->GetPosition(), movable ? before + wxPoint(20, 15) : before) << "movable " << movable;
+        send(wxEVT_LEFT_UP, 30, 25);
+        EXPECT_FALSE(frame->HasCapture());
+        delete m_frame;
+        m_frame = nullptr;
+    }
+}
+
+TEST_F(FrameCtrlTest, TitleButtonsMinimiseAndAskToClose)
+{
+    TestFrame* frame = Frame("");
+    const auto click = [&](int id) {
+        auto* button = new ButtonCtrl(frame, id, wxRect(0, 0, 10, 10));
+        wxCommandEvent apply;
+        button->OnApplyControl(apply);
+        button->Destroy();
+    };
+    // Without a window manager iconizing has no visible effect under Xvfb;
+    // what is checked is that the button asks the frame for it.
+    click(ID_FRAME_MINIMIZE);
+    EXPECT_EQ(frame->iconized, std::vector<bool>{true});
+    click(ID_FRAME_MAXIMIZE);
+    EXPECT_TRUE(frame->maximized.empty()) << "maximise is not bound by the frame itself";
+
+    std::vector<bool> closes;
+    frame->Bind(wxEVT_CLOSE_WINDOW, [&](wxCloseEvent& event) {
+        closes.push_back(event.CanVeto());
+        event.Veto();
+    });
+    click(ID_FRAME_CLOSE);
+    EXPECT_EQ(closes, std::vector<bool>{true}) << "a close request that may be vetoed";
+    EXPECT_FALSE(frame->IsBeingDeleted()) << "the veto keeps the frame";
+}
+
+TEST_F(FrameCtrlTest, OnlyTheMainThreadChangesTheCursor)
+{
+    TestFrame* frame = Frame("");
+    frame->Show();
+    const auto cursorType = [&] {
+        GdkCursor* cursor = gdk_window_get_cursor(gtk_widget_get_window(frame->GetHandle()));
+        return cursor ? int(gdk_cursor_get_cursor_type(cursor)) : -1;
+    };
+    ASSERT_EQ(cursorType(), -1);
+    std::thread([] { FrameCtrl::SetWaitCursor(); }).join();
+    EXPECT_EQ(cursorType(), -1) << "a worker thread changes nothing";
+    FrameCtrl::SetWaitCursor();
+    EXPECT_EQ(cursorType(), int(GDK_WATCH));
+    std::thread([] { FrameCtrl::RestorePreviousCursor(); }).join();
+    EXPECT_EQ(cursorType(), int(GDK_WATCH));
+    FrameCtrl::RestorePreviousCursor();
+    EXPECT_EQ(cursorType(), -1);
+}
+
+TEST(DashboardTest, WaitAndDispatchReportsClosing)
+{
+    frametest::TestDashboard dashboard;
+    EXPECT_FALSE(dashboard.IsClosing());
+    EXPECT_FALSE(dashboard.WaitAndDispatch()) << "not waiting, not closing";
+
+    dashboard.GetClosingEvent()->Set();
+    EXPECT_TRUE(dashboard.WaitAndDispatch()) << "not waiting, closing";
+
+    // Closing while a caller waits ends the wait and is reported.
+    dashboard.GetWaitingEvent()->Set();
+    dashboard.GetClosingEvent()->Set();
+    EXPECT_TRUE(dashboard.WaitAndDispatch());
+    EXPECT_EQ(dashboard.GetControlPlaceholder(), nullptr);
+    EXPECT_EQ(dashboard.GetCurrentRunningScreen(), nullptr);
+}
+
+} // namespace
