@@ -8,6 +8,9 @@ BUILD      ?= build
 TSAN_BUILD ?= build-tsan
 GENERATOR  := -G Ninja
 JOBS       ?= $(shell nproc)
+# Fresh clones reuse the compiler cache of other build directories.
+export CCACHE_NOHASHDIR := 1
+
 XVFB       := xvfb-run -a -s "-screen 0 1280x1024x24"
 
 PACKAGES := cmake ninja-build g++ ccache pkg-config make \
