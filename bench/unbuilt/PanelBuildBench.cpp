@@ -1,0 +1,158 @@
+// Building a panel of 200 skinned buttons and labels from descriptors and
+// painting it once, next to building 200 plain wxPanels of the same sizes
+// in code; and the repaint after one button changes state, next to a full
+// repaint of the panel. Uses the default appearance pack.
+#include "appearance/Appearance.h"
+#include "controls/ButtonCtrl.h"
+#include "controls/PanelCtrl.h"
+#include "controls/StaticTextCtrl.h"
+#include "descriptors/ButtonCtrlDescriptor.h"
+#include "factory/CtrlFactory.h"
+#include "factory/CtrlGenerator.h"
+#include "xml/XMLLoader.h"
+
+#include <benchmark/benchmark.h>
+
+#include <wx/app.h>
+#include <wx/frame.h>
+#include <wx/panel.h>
+
+#include <cstdlib>
+#include <sstream>
+
+using namespace UIKit;
+
+namespace {
+
+constexpr int kColumns = 10;
+constexpr int kRows = 20; // 200 controls: every other one a button
+
+wxRect cellOf(int i)
+{
+    return wxRect((i % kColumns) * 62, (i / kColumns) * 30, 60, 28);
+}
+
+std::string panelDescription()
+{
+    std::ostringstream xml;
+    xml << R"(<Control class="PanelCtrl" name="grid" bounds="0,0,620,600">)";
+    for (int i = 0; i < kColumns * kRows; ++i) {
+        const wxRect r = cellOf(i);
+        const char* kind = i % 2 ? "StaticTextCtrl" : "ButtonCtrl";
+        xml << "<Control class=\"" << kind << "\" name=\"c" << i << "\" bounds=\"" << r.x << ',' << r.y << ','
+            << r.width << ',' << r.height << "\">"
+            << R"(<Enabled margin="10,10,10,10">button_normal.png</Enabled>)"
+            << R"(<Over margin="10,10,10,10">button_over.png</Over>)"
+            << R"(<Selected margin="10,10,10,10">button_selected.png</Selected>)"
+            << R"(<Label>BT_CONNECT</Label><Font fore="255,255,255,255" ptsize="9"/></Control>)";
+    }
+    xml << "</Control>";
+    return xml.str();
+}
+
+// The library's managers and the default pack, for the benchmark's run.
+class Library {
+public:
+    Library()
+    {
+        setenv("UIKIT_APPEARANCES_DIR", UIKIT_SOURCE_DIR "/appearances", 1);
+        Appearance::CreateInstance();
+        CtrlFactory::CreateInstance();
+        TemplateManager::CreateInstance();
+        Appearance::CmdLine_OptionCulture = L"en";
+        m_ok = Appearance::Instance()->Init();
+        auto factory = CtrlFactory::Instance();
+        factory->AddGenerator(L"PanelCtrl", CtrlGenerator<PanelCtrlDescriptor, PanelCtrl>::Make());
+        factory->AddGenerator(L"ButtonCtrl", CtrlGenerator<ButtonCtrlDescriptor, ButtonCtrl>::Make());
+        factory->AddGenerator(L"StaticTextCtrl", CtrlGenerator<StaticTextCtrlDescriptor, StaticTextCtrl>::Make());
+        const std::string xml = panelDescription();
+        m_loader.LoadFromBytes(xml.data(), xml.size());
+        m_descriptor = factory->CreateDescriptor(m_loader.GetRootNode());
+    }
+    ~Library()
+    {
+        m_descriptor.reset();
+        TemplateManager::ReleaseInstance();
+        CtrlFactory::ReleaseInstance();
+        Appearance::ReleaseInstance();
+        unsetenv("UIKIT_APPEARANCES_DIR");
+    }
+    bool Ok() const { return m_ok && m_descriptor; }
+    const Toolkit::smart_ptr<BaseCtrlDescriptor>& Descriptor() const { return m_descriptor; }
+
+private:
+    bool m_ok = false;
+    XMLLoader m_loader;
+    Toolkit::smart_ptr<BaseCtrlDescriptor> m_descriptor;
+};
+
+void BM_Build200SkinnedControlsAndPaint(benchmark::State& state)
+{
+    Library library;
+    if (!library.Ok()) {
+        state.SkipWithError("the default pack did not load");
+        return;
+    }
+    for (auto _ : state) {
+        auto* frame = new wxFrame(nullptr, wxID_ANY, "bench", wxPoint(0, 0), wxSize(640, 640));
+        Control* panel = CtrlFactory::Instance()->CreateControl(library.Descriptor(), frame, -1);
+        frame->Show();
+        panel->Update();
+        state.PauseTiming();
+        frame->Destroy();
+        wxTheApp->ProcessIdle();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_Build200SkinnedControlsAndPaint)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+void BM_Build200PlainPanelsAndPaint(benchmark::State& state)
+{
+    for (auto _ : state) {
+        auto* frame = new wxFrame(nullptr, wxID_ANY, "bench", wxPoint(0, 0), wxSize(640, 640));
+        auto* panel = new wxPanel(frame, wxID_ANY, wxPoint(0, 0), wxSize(620, 600));
+        for (int i = 0; i < kColumns * kRows; ++i) {
+            const wxRect r = cellOf(i);
+            new wxPanel(panel, wxID_ANY, r.GetPosition(), r.GetSize());
+        }
+        frame->Show();
+        panel->Update();
+        state.PauseTiming();
+        frame->Destroy();
+        wxTheApp->ProcessIdle();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_Build200PlainPanelsAndPaint)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+// Repainting after one button changes state (arg 0), against repainting
+// the whole panel (arg 1).
+void BM_RepaintAfterOneButtonChanges(benchmark::State& state)
+{
+    Library library;
+    if (!library.Ok()) {
+        state.SkipWithError("the default pack did not load");
+        return;
+    }
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "bench", wxPoint(0, 0), wxSize(640, 640));
+    Control* panel = CtrlFactory::Instance()->CreateControl(library.Descriptor(), frame, -1);
+    frame->Show();
+    panel->Update();
+    auto* button = dynamic_cast<ButtonCtrl*>(panel->FindWindow("c0"));
+    bool selected = false;
+    for (auto _ : state) {
+        if (state.range(0) == 0) {
+            selected = !selected;
+            button->Select(selected);
+            button->Update();
+        } else {
+            panel->Refresh(true);
+            panel->Update();
+        }
+    }
+    frame->Destroy();
+    wxTheApp->ProcessIdle();
+}
+BENCHMARK(BM_RepaintAfterOneButtonChanges)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+} // namespace
