@@ -67,11 +67,13 @@ void parsePending(XML_NODE* element)
         XmlParser(*element->document, true).ParsePending(element);
 }
 
-XML_NODE* findFirst(XML_NODE* element, const char* path)
+XML_NODE* findFirst(XML_NODE* element, const char* path);
+
+// The first match of the path among the children from index `from` on,
+// descending into each child that matches the first name.
+XML_NODE* findFrom(XML_NODE* element, const Segment& segment, uint32_t from)
 {
-    parsePending(element);
-    const Segment segment(path);
-    for (uint32_t i = 0; i < element->children.count; ++i) {
+    for (uint32_t i = from; i < element->children.count; ++i) {
         XML_NODE* child = element->children.items[i];
         if (!segment.Matches(child))
             continue;
@@ -81,6 +83,12 @@ XML_NODE* findFirst(XML_NODE* element, const char* path)
             return found;
     }
     return nullptr;
+}
+
+XML_NODE* findFirst(XML_NODE* element, const char* path)
+{
+    parsePending(element);
+    return findFrom(element, Segment(path), 0);
 }
 
 XML_NODE* findNext(XML_NODE* element, const char* path, XML_NODE* previous)
@@ -97,16 +105,7 @@ XML_NODE* findNext(XML_NODE* element, const char* path, XML_NODE* previous)
     if (segment.rest)
         if (XML_NODE* found = findNext(ancestor, segment.rest, previous))
             return found;
-    for (uint32_t i = ancestor->index + 1; i < element->children.count; ++i) {
-        XML_NODE* child = element->children.items[i];
-        if (!segment.Matches(child))
-            continue;
-        if (!segment.rest)
-            return child;
-        if (XML_NODE* found = findFirst(child, segment.rest))
-            return found;
-    }
-    return nullptr;
+    return findFrom(element, segment, ancestor->index + 1);
 }
 
 void detach(XML_NODE* element)
