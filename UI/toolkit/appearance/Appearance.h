@@ -5,9 +5,16 @@
 // culture in use. Packs are the "*.ar" entries, zip archives or
 // directories, of the appearances directory.
 //
+// The work is done by parts this class owns and delegates to: the selected
+// pack (IPack), the two caches (ImageCache, ImageCtrlCache) and the choice
+// of culture with its strings (CultureChoice). Data flows one way: the pack
+// is read into the caches and the table, and nothing calls back up.
+//
 // GUI thread only; no locks. Nothing is ever evicted from the caches, and
 // they survive switching packs.
-#include "appearance/StringTable.h"
+#include "appearance/CultureChoice.h"
+#include "appearance/ImageCache.h"
+#include "appearance/ImageCtrlCache.h"
 #include "module/Singleton.h"
 #include "xml/IResourceProvider.h"
 
@@ -18,21 +25,21 @@
 #include <wx/gdicmn.h>
 #include <wx/image.h>
 
-#include <map>
+#include <memory>
 #include <vector>
 
 namespace UIKit {
 
+class IPack;
 class ImageCtrl;
 class ImageDescriptor;
-class PackReader;
 
 class Appearance : public Singleton<Appearance>, public IResourceProvider {
 public:
-    using Cultures = std::vector<Toolkit::smart_ptr<Toolkit::CultureInfo>>;
+    using Cultures = CultureChoice::Cultures;
 
-    // Pack and culture asked for on the command line; the host fills them
-    // before Init.
+    // Pack and culture asked for on the command line; Init() passes them
+    // to Init(pack, culture). Nothing else reads them.
     static TString<wchar_t> CmdLine_OptionAppearance;
     static TString<wchar_t> CmdLine_OptionCulture;
 
@@ -41,9 +48,13 @@ public:
     Appearance(const Appearance&) = delete;
     Appearance& operator=(const Appearance&) = delete;
 
-    // Finds the packs, orders the preferred cultures, selects a pack and
-    // loads it; true when a pack with at least one culture was loaded.
+    // Init with the command-line options.
     bool Init();
+    // Finds the packs, orders the preferred cultures (culture, when not
+    // empty, is the only one), selects the pack named pack (ignoring case;
+    // the first pack, with a log entry naming it, when none is) and loads
+    // it; true when a pack with at least one culture was loaded.
+    bool Init(const TString<wchar_t>& pack, const TString<wchar_t>& culture);
     // Selects the pack at index in the pack list and loads its cultures.
     bool InitFromPack(unsigned int index);
 
@@ -65,63 +76,49 @@ public:
                              TString<wchar_t>& key);
 
     // Strings of the current culture; see StringTable for missing keys.
-    const TString<wchar_t>& GetStr(const TString<char>& key) const;
+    const TString<wchar_t>& GetStr(const TString<char>& key) const { return m_culture.Strings().Get(key); }
     const TString<wchar_t>& GetStr(const TString<wchar_t>& key) const;
-    bool IsStrExist(const TString<char>& key) const;
+    bool IsStrExist(const TString<char>& key) const { return m_culture.Strings().Contains(key); }
     bool IsStrExist(const TString<wchar_t>& key) const;
     const TString<wchar_t>& GetAddStr(const TString<char>& key) override;
     const TString<wchar_t>& GetAddStr(const TString<wchar_t>& key);
 
     bool LoadCulturesList();
-    void GetCultures(Cultures& out) const { out = m_cultures; }
-    Toolkit::smart_ptr<Toolkit::CultureInfo> GetCurrentCulture() const { return m_currentCulture; }
-    void GetCurrentCultureName(TString<wchar_t>& out) const;
+    void GetCultures(Cultures& out) const { out = m_culture.GetCultures(); }
+    Toolkit::smart_ptr<Toolkit::CultureInfo> GetCurrentCulture() const { return m_culture.GetCurrent(); }
+    void GetCurrentCultureName(TString<wchar_t>& out) const { out = m_culture.GetCurrentName(); }
     Toolkit::smart_ptr<Toolkit::CultureInfo> FindCultureByName(const TString<wchar_t>& name) const;
-    void SetCulturesPreferedOrder(const std::vector<TString<wchar_t>>& order) { m_preferredCultures = order; }
-    const std::vector<TString<wchar_t>>& GetCulturesPreferedOrder() const { return m_preferredCultures; }
-    void SetAsFirstPreferedLanguage(const TString<wchar_t>& name);
-    void GetCultureFromUserPreferences(TString<wchar_t>& out) const;
-    void SetCultureToUserPreferences(const TString<wchar_t>& name);
-    TString<wchar_t> GetSystemLang() const;
+    void SetCulturesPreferedOrder(const std::vector<TString<wchar_t>>& order) { m_culture.SetPreferredOrder(order); }
+    const std::vector<TString<wchar_t>>& GetCulturesPreferedOrder() const { return m_culture.GetPreferredOrder(); }
+    void SetAsFirstPreferedLanguage(const TString<wchar_t>& name) { m_culture.SetAsFirstPreferred(name); }
+    void GetCultureFromUserPreferences(TString<wchar_t>& out) const { out = m_culture.GetUserPreference(); }
+    void SetCultureToUserPreferences(const TString<wchar_t>& name) { m_culture.SetUserPreference(name); }
+    TString<wchar_t> GetSystemLang() const { return CultureChoice::GetSystemLang(); }
     void UseCulture(const Toolkit::smart_ptr<Toolkit::CultureInfo>& culture);
     void UseDefaultCulture();
     bool LoadStringsDefinitions();
     bool LoadStringsDefinitions(Toolkit::smart_ptr<Toolkit::CultureInfo> culture);
-    void ParseStringsDefinitions(const TString<wchar_t>& line);
+    void ParseStringsDefinitions(const TString<wchar_t>& line) { m_culture.ParseStringsDefinitions(line); }
     TString<wchar_t> ExtractNativeNameFromHeaderFileStringRessources(const TString<wchar_t>& name);
 
     const TString<wchar_t>& GetPackPath() const { return m_packPath; }
-    bool IsArchivePack() const { return m_archive; }
+    bool IsArchivePack() const;
     const std::vector<TString<wchar_t>>& GetPackList() const { return m_packList; }
     int GetCurrentPackIndex() const { return m_currentPackIndex; }
 
 private:
-    // A pack is selected and its entry exists.
-    bool hasPack() const;
-    PackReader pack() const;
-    TString<wchar_t> parseOrigin() const;
+    // The selected pack, or null when none is selected.
+    const IPack* pack() const;
+    bool listPacks(const TString<char>& dir);
+    int indexOfPack(const TString<wchar_t>& name) const;
 
-    // The file and line that ParseStringsDefinitions is reading, for its messages.
-    struct ParseOrigin {
-        const TString<wchar_t>* file = nullptr;
-        size_t line = 0;
-    };
-
-    std::map<TString<wchar_t>, wxImage> m_graphics;
+    std::unique_ptr<IPack> m_pack;
     TString<wchar_t> m_packPath;
-    bool m_archive = false;
-    Cultures m_cultures;
-    Toolkit::smart_ptr<Toolkit::CultureInfo> m_currentCulture;
-    std::vector<TString<wchar_t>> m_preferredCultures;
-    StringTable m_strings;
     std::vector<TString<wchar_t>> m_packList;
     int m_currentPackIndex = -1;
-    std::map<TString<wchar_t>, Toolkit::smart_ptr<ImageCtrl>> m_imageCtrls;
-    // Reused by every image-control lookup so that a cache hit allocates nothing.
-    TString<wchar_t> m_keyBuffer;
-    ParseOrigin m_parseOrigin;
-    const TString<char> m_preferenceSection;
-    const TString<char> m_preferenceKey;
+    ImageCache m_images;
+    ImageCtrlCache m_imageCtrls;
+    CultureChoice m_culture;
 };
 
 } // namespace UIKit

@@ -1,0 +1,78 @@
+#include "appearance/ZipPack.h"
+
+#include "Toolkit/ZipInputStream.h"
+
+#include <map>
+
+namespace UIKit {
+namespace {
+
+using Entries = std::map<TString<wchar_t>, Toolkit::ArchiveZipEntry>;
+
+class ZipEntry : public IPack::Entry {
+public:
+    explicit ZipEntry(Toolkit::smart_ptr<Toolkit::ZipInputStream> stream) : m_stream(std::move(stream)) {}
+    long long Read(char* buffer, size_t size) override
+    {
+        m_stream->Read(buffer, size);
+        if (m_stream->GetLastError() == wxSTREAM_READ_ERROR)
+            return -1;
+        return static_cast<long long>(m_stream->LastRead());
+    }
+
+private:
+    Toolkit::smart_ptr<Toolkit::ZipInputStream> m_stream;
+};
+
+// An archive folder directly at the top of the pack: "name/".
+bool isTopLevelFolder(const TString<wchar_t>& name)
+{
+    return name.find(L'/') == name.size() - 1;
+}
+
+} // namespace
+
+ZipPack::ZipPack(const TString<wchar_t>& path) : m_path(path)
+{
+    m_zip.Open(path, true);
+}
+
+bool ZipPack::ListFolders(const TString<wchar_t>& pattern, std::vector<TString<wchar_t>>& names) const
+{
+    names.clear();
+    Entries entries;
+    if (!IsOpen() || m_zip.EntriesList(entries, pattern, Toolkit::ArchiveZip::EntryFolders) < 0)
+        return false;
+    for (const auto& [name, entry] : entries)
+        if (isTopLevelFolder(name))
+            names.push_back(TString<wchar_t>(name.substr(0, name.size() - 1)));
+    return true;
+}
+
+bool ZipPack::ListFiles(const TString<wchar_t>& folder, std::vector<TString<wchar_t>>& names) const
+{
+    return FindFiles(folder + L"/*", names) >= 0;
+}
+
+int ZipPack::FindFiles(const TString<wchar_t>& pattern, std::vector<TString<wchar_t>>& names) const
+{
+    names.clear();
+    Entries entries;
+    const int found = IsOpen() ? m_zip.EntriesList(entries, pattern, Toolkit::ArchiveZip::EntryFiles) : -1;
+    for (const auto& [name, entry] : entries)
+        names.push_back(name);
+    return found;
+}
+
+std::unique_ptr<IPack::Entry> ZipPack::OpenEntry(const TString<wchar_t>& name) const
+{
+    Entries entries;
+    if (!IsOpen() || m_zip.EntriesList(entries, name, Toolkit::ArchiveZip::EntryFiles) != 1)
+        return {};
+    auto stream = m_zip.GetZipInputStream(entries.begin()->second);
+    if (!stream || !stream->IsOk())
+        return {};
+    return std::make_unique<ZipEntry>(std::move(stream));
+}
+
+} // namespace UIKit
