@@ -1,9 +1,12 @@
 #pragma once
-// Shared by the appearance tests: a private appearances directory and
-// configuration directory per test (set through the environment, which
-// PathManager prefers), the test pack in both forms, and small pack writers.
+// Shared by the appearance tests: pack writers (a directory or a zip
+// archive from one table of files), the test pack in both forms, a capture
+// of the error sink, and a fixture giving each test its own appearances and
+// configuration directories (set through the environment, which
+// PathManager prefers), the C locale and its own Appearance.
 #include "TestSupport.h"
 #include "appearance/Appearance.h"
+#include "xml/ErrorSink.h"
 
 #include <zip.h>
 
@@ -12,53 +15,41 @@
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace appearancetest {
 
 namespace fs = std::filesystem;
+// Relative path -> content; names ending in "/" are empty folders.
+using Files = std::map<std::string, std::string>;
 
 // The test pack as a directory, and the folder holding its zipped twin.
 inline fs::path TestPackDir() { return testsupport::DataDir() / "packs" / "testskin.ar"; }
 inline fs::path ZippedPacksDir() { return fs::path(UIKIT_TEST_PACKS_DIR); }
 
-// Sets an environment variable for the lifetime of the object.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* name, const std::string& value) : m_name(name)
-    {
-        if (const char* old = std::getenv(name))
-            m_old = old;
-        setenv(name, value.c_str(), 1);
+inline void WriteDirPack(const fs::path& dir, const Files& files)
+{
+    fs::create_directories(dir);
+    for (const auto& [relative, content] : files) {
+        const fs::path path = dir / relative;
+        fs::create_directories(path.parent_path());
+        if (relative.back() != '/')
+            std::ofstream(path, std::ios::binary) << content;
     }
-    ~ScopedEnv()
-    {
-        if (m_old)
-            setenv(m_name, m_old->c_str(), 1);
-        else
-            unsetenv(m_name);
-    }
-    ScopedEnv(const ScopedEnv&) = delete;
-    ScopedEnv& operator=(const ScopedEnv&) = delete;
+}
 
-private:
-    const char* m_name;
-    std::optional<std::string> m_old;
-};
-
-// Writes a zip archive whose entries hold the given texts; names ending in
-// "/" are folders.
-inline void WriteZip(const fs::path& path, const std::vector<std::pair<std::string, std::string>>& entries)
+inline void WriteZipPack(const fs::path& path, const Files& files)
 {
     int error = 0;
     zip_t* archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
     ASSERT_NE(archive, nullptr) << "zip error " << error;
-    for (const auto& [name, content] : entries) {
-        if (!name.empty() && name.back() == '/') {
+    for (const auto& [name, content] : files) {
+        if (name.back() == '/') {
             zip_dir_add(archive, name.substr(0, name.size() - 1).c_str(), ZIP_FL_ENC_UTF_8);
             continue;
         }
@@ -78,45 +69,68 @@ inline std::string LanguageFile(const std::string& culture, const std::string& n
     return text + "END\n";
 }
 
-// Each test gets empty appearances and configuration directories, the C
-// locale, empty command-line options and its own Appearance.
+inline std::string FileText(const fs::path& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+// Collects what reaches the error sink while it lives, as formatted lines.
+class ErrorCapture {
+public:
+    ErrorCapture()
+        : m_previous(UIKit::ErrorSink::Install([this](const UIKit::PackError& e) { m_lines.push_back(e.Format()); }))
+    {
+    }
+    ~ErrorCapture() { UIKit::ErrorSink::Install(m_previous); }
+    ErrorCapture(const ErrorCapture&) = delete;
+    ErrorCapture& operator=(const ErrorCapture&) = delete;
+    const std::vector<std::string>& Lines() const { return m_lines; }
+
+private:
+    UIKit::ErrorSink::Handler m_previous;
+    std::vector<std::string> m_lines;
+};
+
+// Sets an environment variable for the lifetime of the object.
+class ScopedEnv {
+public:
+    ScopedEnv(const char* name, const std::string& value) : m_name(name)
+    {
+        if (const char* old = std::getenv(name))
+            m_old = old;
+        setenv(name, value.c_str(), 1);
+    }
+    ~ScopedEnv() { m_old ? (void)setenv(m_name, m_old->c_str(), 1) : (void)unsetenv(m_name); }
+    ScopedEnv(const ScopedEnv&) = delete;
+    ScopedEnv& operator=(const ScopedEnv&) = delete;
+
+private:
+    const char* m_name;
+    std::optional<std::string> m_old;
+};
+
 class AppearanceTest : public testing::Test {
 protected:
     AppearanceTest()
-        : m_appearancesEnv("UIKIT_APPEARANCES_DIR", (m_temp.Path() / "appearances").string()),
+        : m_appearancesEnv("UIKIT_APPEARANCES_DIR", Appearances().string()),
           m_configEnv("UIKIT_CONFIG_DIR", (m_temp.Path() / "config").string()),
           m_locale(std::setlocale(LC_ALL, nullptr))
     {
-        fs::create_directories(m_temp.Path() / "appearances");
+        fs::create_directories(Appearances());
         std::setlocale(LC_ALL, "C");
-        UIKit::Appearance::CmdLine_OptionAppearance.clear();
-        UIKit::Appearance::CmdLine_OptionCulture.clear();
         m_appearance.reset(new UIKit::Appearance());
     }
     ~AppearanceTest() override
     {
         m_appearance.reset();
-        UIKit::Appearance::CmdLine_OptionAppearance.clear();
-        UIKit::Appearance::CmdLine_OptionCulture.clear();
         std::setlocale(LC_ALL, m_locale.c_str());
     }
 
     fs::path Appearances() const { return m_temp.Path() / "appearances"; }
     // Points the appearances directory somewhere else for the rest of the test.
     void UseAppearancesDir(const fs::path& dir) { setenv("UIKIT_APPEARANCES_DIR", dir.c_str(), 1); }
-    // Writes a directory pack holding the given files (relative path -> content).
-    void WritePack(const std::string& name, const std::map<std::string, std::string>& files) const
-    {
-        fs::create_directories(Appearances() / name);
-        for (const auto& [relative, content] : files)
-            m_temp.Write("appearances/" + name + "/" + relative, content);
-    }
-    // Init with one culture on the command line, asserting it succeeds.
-    void InitWithCulture(const std::wstring& culture)
-    {
-        UIKit::Appearance::CmdLine_OptionCulture = culture;
-        ASSERT_TRUE(m_appearance->Init());
-    }
+    void WritePack(const std::string& name, const Files& files) const { WriteDirPack(Appearances() / name, files); }
 
     testsupport::TempDir m_temp;
     ScopedEnv m_appearancesEnv;

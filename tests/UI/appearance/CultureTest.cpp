@@ -1,8 +1,7 @@
 #include "AppearanceTestSupport.h"
 
+#include "appearance/CultureChoice.h"
 #include "appearance/CultureRules.h"
-
-#include "Preferences/AppPreferences.h"
 
 using appearancetest::AppearanceTest;
 using testsupport::LogCapture;
@@ -42,26 +41,19 @@ TEST(CultureRulesTest, ChoosesExactlyThenByFallbackInPreferenceOrder)
         std::wstring chosen; // empty: none
     };
     const Case cases[] = {
-        {{L"fr-CA"}, {L"en", L"fr"}, L"fr"},
-        {{L"fr-FR"}, {L"fr", L"fr-FR"}, L"fr-FR"},
-        {{L"FR-ca"}, {L"fr-CA", L"fr"}, L"fr-CA"},          // names compare ignoring case
-        {{L"fr-CA", L"en"}, {L"en", L"fr"}, L"fr"},         // a fallback of the first beats an exact second
-        {{L"pt-BR"}, {L"pt-PT", L"pt"}, L"pt"},             // only the neutral culture is a fallback
-        {{L"pt-BR"}, {L"pt-PT"}, L""},
-        {{L"zh-CN"}, {L"zh-Hans", L"zh-Hant"}, L"zh-Hans"},
-        {{L"zh-SG"}, {L"zh-Hant", L"zh-CHS"}, L"zh-CHS"},
-        {{L"zh-TW"}, {L"zh-Hans", L"zh-Hant"}, L"zh-Hant"},
-        {{L"zh-HK"}, {L"zh-CHT", L"zh-Hans"}, L"zh-CHT"},
-        {{L"zh"}, {L"zh-Hans", L"zh-Hant"}, L"zh-Hant"},
+        {{L"fr-CA"}, {L"en", L"fr"}, L"fr"},           {{L"fr-FR"}, {L"fr", L"fr-FR"}, L"fr-FR"},
+        {{L"FR-ca"}, {L"fr-CA", L"fr"}, L"fr-CA"},     // names compare ignoring case
+        {{L"fr-CA", L"en"}, {L"en", L"fr"}, L"fr"},    // a fallback of the first beats an exact second
+        {{L"pt-BR"}, {L"pt-PT", L"pt"}, L"pt"},        // only the neutral culture is a fallback
+        {{L"pt-BR"}, {L"pt-PT"}, L""},                 {{L"zh-CN"}, {L"zh-Hans", L"zh-Hant"}, L"zh-Hans"},
+        {{L"zh-SG"}, {L"zh-Hant", L"zh-CHS"}, L"zh-CHS"}, {{L"zh-TW"}, {L"zh-Hans", L"zh-Hant"}, L"zh-Hant"},
+        {{L"zh-HK"}, {L"zh-CHT", L"zh-Hans"}, L"zh-CHT"}, {{L"zh"}, {L"zh-Hans", L"zh-Hant"}, L"zh-Hant"},
         {{L"zh-CHS"}, {L"zh-Hant", L"zh-Hans"}, L"zh-Hans"}, // old and new script names pair directly
-        {{L"zh-Hans"}, {L"zh-CHS"}, L"zh-CHS"},
-        {{L"zh-CHT"}, {L"zh-Hant"}, L"zh-Hant"},
+        {{L"zh-Hans"}, {L"zh-CHS"}, L"zh-CHS"},        {{L"zh-CHT"}, {L"zh-Hant"}, L"zh-Hant"},
         {{L"zh-Hant"}, {L"zh-CHS", L"zh-CHT"}, L"zh-CHT"},
-        {{L"zh-CN"}, {L"zh-CHS", L"zh-Hans"}, L"zh-Hans"},   // the last fallback in pack order wins
-        {{L"zh-CN"}, {L"zh"}, L""},
-        {{L"de"}, {L"en", L"fr"}, L""},
-        {{L"C", L"es", L"fr"}, {L"en", L"fr"}, L"fr"},
-        {{}, {L"en"}, L""},
+        {{L"zh-CN"}, {L"zh-CHS", L"zh-Hans"}, L"zh-Hans"}, // the last fallback in pack order wins
+        {{L"zh-CN"}, {L"zh"}, L""},                    {{L"de"}, {L"en", L"fr"}, L""},
+        {{L"C", L"es", L"fr"}, {L"en", L"fr"}, L"fr"}, {{}, {L"en"}, L""},
         {{L"en"}, {}, L""},
     };
     for (const auto& c : cases) {
@@ -99,112 +91,87 @@ TEST(CultureRulesTest, LocaleNamesAndPreferenceOrder)
     }
 }
 
-TEST_F(AppearanceTest, CulturePreferenceOrderAtInitFollowsSystemUserAndCommandLine)
+TEST_F(AppearanceTest, PreferenceOrderPutsTheUserBeforeTheSystemAndTheRequestAlone)
 {
-    WritePack("p.ar", {{"strings.fr/main.rc", languageFile("fr", "fr")},
-                       {"strings.it/main.rc", languageFile("it", "it")},
-                       {"strings.en/main.rc", languageFile("en", "en")}});
-    EXPECT_EQ(m_appearance->GetCulturesPreferedOrder(), (Names{L"en", L"es", L"fr"}));
-    EXPECT_EQ(m_appearance->GetSystemLang(), L"C");
-    {
+    EXPECT_EQ(UIKit::CultureChoice::GetSystemLang(), L"C");
+    struct Case {
+        std::wstring user, requested;
+        Names order;
+    };
+    const Case cases[] = {
+        {L"", L"", {L"C", L"en", L"es", L"fr"}},
+        {L"it", L"", {L"it", L"C", L"en", L"es", L"fr"}},
+        {L"fr", L"", {L"fr", L"C", L"en", L"es"}},
+        {L"it", L"fr-BE", {L"fr-BE"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.user.begin(), c.user.end()));
+        UIKit::CultureChoice choice;
+        choice.SetUserPreference(c.user);
+        EXPECT_EQ(choice.GetUserPreference(), c.user);
         LogCapture log;
-        ASSERT_TRUE(m_appearance->Init());
-        EXPECT_EQ(m_appearance->GetCulturesPreferedOrder(), (Names{L"C", L"en", L"es", L"fr"}));
-        EXPECT_TRUE(log.Contains(L"Operating System Language: C"));
-        EXPECT_TRUE(log.Contains(L"\nLanguages in the Preference Order: C, en, es, fr"));
-        EXPECT_TRUE(log.Contains(L"\n Cultures in the current pack: en, fr, it"));
-        EXPECT_TRUE(log.Contains(L"Default Culture Selected is 'en' ."));
-        EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_TEXT")), L"en");
-    }
-
-    m_appearance->SetCultureToUserPreferences(L"it");
-    TString<wchar_t> stored;
-    m_appearance->GetCultureFromUserPreferences(stored);
-    EXPECT_EQ(stored, L"it");
-    {
-        UIKit::Appearance fresh;
-        LogCapture log;
-        ASSERT_TRUE(fresh.Init());
-        EXPECT_EQ(fresh.GetCulturesPreferedOrder(), (Names{L"it", L"C", L"en", L"es", L"fr"}));
-        EXPECT_TRUE(log.Contains(L"Culture/Language from user preferences: it"));
-        EXPECT_EQ(fresh.GetStr(TString<char>("LB_TEXT")), L"it");
-        UIKit::Appearance::Cultures cultures;
-        fresh.GetCultures(cultures);
-        ASSERT_EQ(cultures.size(), 3u);
-        EXPECT_EQ(cultures[0]->GetName(), L"it");
-        EXPECT_EQ(cultures[0]->GetNativeName(), L"it native");
-    }
-    {
-        UIKit::Appearance fresh;
-        UIKit::Appearance::CmdLine_OptionCulture = L"fr-BE";
-        LogCapture log;
-        ASSERT_TRUE(fresh.Init());
-        EXPECT_EQ(fresh.GetCulturesPreferedOrder(), (Names{L"fr-BE"}));
-        EXPECT_TRUE(log.Contains(L"Culture/Language from command line parameters: fr-BE"));
-        EXPECT_EQ(fresh.GetStr(TString<char>("LB_TEXT")), L"fr");
+        choice.OrderPreferences(c.requested);
+        EXPECT_EQ(choice.GetPreferredOrder(), c.order);
+        EXPECT_EQ(log.Count(L"Culture/Language from user preferences: " + c.user), c.user.empty() ? 0u : 1u);
+        EXPECT_EQ(log.Count(L"from command line parameters: " + c.requested), c.requested.empty() ? 0u : 1u);
     }
 }
 
-TEST_F(AppearanceTest, SpecificCultureStringsOverrideTheirParentLoadedOnce)
+TEST_F(AppearanceTest, ChosenCultureLoadsItsParentOnceThenItsOwnStrings)
 {
     WritePack("p.ar", {{"strings.fr/main.rc", appearancetest::LanguageFile("fr", "Français",
                                                                            {"LB_A \"fr a\"", "LB_B \"fr b\"",
                                                                             "broken in fr"})},
                        {"strings.fr-FR/main.rc", appearancetest::LanguageFile("fr-FR", "Français (France)",
                                                                               {"LB_B \"fr-FR b\""})},
-                       {"strings.en/main.rc", languageFile("en", "en")}});
+                       {"strings.en/main.rc", languageFile("en", "en")},
+                       {"strings.de-AT/main.rc", languageFile("de-AT", "de-AT")}});
     struct Case {
-        std::wstring preferred;
-        std::wstring chosen;
-        std::wstring a, b;
+        std::wstring requested, chosen, a, b;
+        size_t brokenReports; // the fr file's bad line, once per load of fr
     };
     const Case cases[] = {
-        {L"fr-FR", L"fr-FR", L"fr a", L"fr-FR b"},
-        {L"fr-CA", L"fr", L"fr a", L"fr b"},
-        {L"fr", L"fr", L"fr a", L"fr b"},
+        {L"fr-FR", L"fr-FR", L"fr a", L"fr-FR b", 1}, {L"fr-CA", L"fr", L"fr a", L"fr b", 1},
+        {L"fr", L"fr", L"fr a", L"fr b", 1},          {L"", L"en", L"Missing Label key", L"Missing Label key", 0},
+        {L"de", L"", L"Missing Label key", L"Missing Label key", 0}, // de-AT is no fallback of de
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.preferred.begin(), c.preferred.end()));
-        LogCapture log;
-        InitWithCulture(c.preferred);
+        SCOPED_TRACE(std::string(c.requested.begin(), c.requested.end()));
+        appearancetest::ErrorCapture errors;
+        UIKit::Appearance appearance;
+        ASSERT_TRUE(appearance.Init(L"", c.requested)) << "a pack without a usable culture still loads";
         TString<wchar_t> name;
-        m_appearance->GetCurrentCultureName(name);
+        appearance.GetCurrentCultureName(name);
         EXPECT_EQ(name, c.chosen);
-        EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_A")), c.a);
-        EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_B")), c.b);
-        EXPECT_EQ(log.Count(L"broken in fr"), 1u) << "the parent's files are read once";
+        EXPECT_EQ(appearance.GetStr(TString<char>("LB_A")), c.a);
+        EXPECT_EQ(appearance.GetStr(TString<char>("LB_B")), c.b);
+        EXPECT_EQ(errors.Lines().size(), c.brokenReports);
     }
 
-    // A culture the pack does not know, or none, falls back to the default choice.
+    ASSERT_TRUE(m_appearance->Init(L"", L"fr"));
+    UIKit::Appearance::Cultures cultures;
+    m_appearance->GetCultures(cultures);
+    std::vector<std::wstring> names;
+    for (const auto& culture : cultures)
+        names.push_back(culture->GetName() + L"=" + culture->GetNativeName());
+    EXPECT_EQ(names, (std::vector<std::wstring>{L"fr=Français", L"de-AT=de-AT native", L"en=en native",
+                                                L"fr-FR=Français (France)"}))
+        << "preferred first, then as listed";
+
+    // A culture the pack does not know, or none, falls back to the default
+    // choice; no default choice keeps the culture and strings in use.
     LogCapture log;
     m_appearance->UseCulture(Toolkit::make_smart<Toolkit::CultureInfo>(L"en", L""));
     m_appearance->UseCulture({});
     EXPECT_EQ(log.Count(L"Default Culture Selected is 'fr' ."), 2u);
     m_appearance->UseCulture(m_appearance->FindCultureByName(L"en"));
-    EXPECT_TRUE(log.Contains(L"From now, use Culture: 'en'."));
     EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_TEXT")), L"en");
     EXPECT_TRUE(m_appearance->FindCultureByName(L"EN").IsNull()) << "found by exact name only";
-}
-
-TEST_F(AppearanceTest, NoPreferredCultureInThePackLeavesTheStringsAsTheyWere)
-{
-    WritePack("p.ar", {{"strings.en/main.rc", languageFile("en", "en")},
-                       {"strings.fr/main.rc", languageFile("fr", "fr")},
-                       {"strings.de-AT/main.rc", languageFile("de-AT", "de")}});
-    InitWithCulture(L"fr");
-    LogCapture log;
     m_appearance->SetCulturesPreferedOrder({L"de"});
     m_appearance->UseDefaultCulture();
-    EXPECT_EQ(log.Count(L"Unable to load a Culture/Language!"), 1u) << "de-AT is not a fallback of de";
-    EXPECT_EQ(m_appearance->GetCurrentCulture()->GetName(), L"fr");
-    EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_TEXT")), L"fr");
-
-    // Only de on the command line: Init still loads the pack, with no strings.
-    UIKit::Appearance fresh;
-    UIKit::Appearance::CmdLine_OptionCulture = L"de";
-    EXPECT_TRUE(fresh.Init());
-    EXPECT_TRUE(fresh.GetCurrentCulture().IsNull());
-    EXPECT_EQ(fresh.GetStr(TString<char>("LB_TEXT")), L"Missing Label key");
-    EXPECT_EQ(fresh.LoadStringsDefinitions(Toolkit::smart_ptr<Toolkit::CultureInfo>()), false);
+    EXPECT_EQ(log.Count(L"Unable to load a Culture/Language!"), 1u);
+    EXPECT_EQ(m_appearance->GetCurrentCulture()->GetName(), L"en");
+    EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_TEXT")), L"en");
+    EXPECT_FALSE(m_appearance->LoadStringsDefinitions(Toolkit::smart_ptr<Toolkit::CultureInfo>()));
     EXPECT_TRUE(log.Contains(L"doesn't contains the requested culture !"));
 }
