@@ -48,12 +48,10 @@ public:
         buttonImage(false).SaveFile((pack / "graphics" / "button.png").string(), wxBITMAP_TYPE_PNG);
         std::ofstream(pack / "strings.en" / "main.rc") << "STRINGTABLE\nBEGIN\n    LB_OK \"OK\"\nEND\n";
         setenv("UIKIT_APPEARANCES_DIR", m_dir.c_str(), 1);
-        Appearance::CmdLine_OptionCulture = L"en";
     }
     ~BenchPack()
     {
         unsetenv("UIKIT_APPEARANCES_DIR");
-        Appearance::CmdLine_OptionCulture.clear();
         std::error_code ec;
         fs::remove_all(m_dir, ec);
     }
@@ -66,7 +64,7 @@ void BM_ImageCtrlWithIdentifier_CacheHit(benchmark::State& state)
 {
     BenchPack pack;
     Appearance appearance;
-    if (!appearance.Init()) {
+    if (!appearance.Init(L"", L"en")) {
         state.SkipWithError("the bench pack did not load");
         return;
     }
