@@ -63,6 +63,12 @@ public:
     // The entry's lines, UTF-8 decoded, ending at LF, CR LF or a lone CR.
     // False when the entry cannot be opened.
     bool ReadLines(const TString<wchar_t>& name, const LineVisitor& visit) const;
+
+private:
+    // The next chunk of an entry, counted into total; -1 (logged) once the
+    // entry holds more than c_maxEntryBytes.
+    long long readBounded(Entry& entry, const TString<wchar_t>& name, uint64_t& total, char* buffer,
+                          size_t size) const;
 };
 
 } // namespace UIKit
