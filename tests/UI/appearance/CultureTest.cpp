@@ -148,6 +148,7 @@ TEST_F(AppearanceTest, ChosenCultureLoadsItsParentOnceThenItsOwnStrings)
         EXPECT_EQ(errors.Lines().size(), c.brokenReports);
     }
 
+    appearancetest::ErrorCapture errors;
     ASSERT_TRUE(m_appearance->Init(L"", L"fr"));
     UIKit::Appearance::Cultures cultures;
     m_appearance->GetCultures(cultures);
@@ -164,6 +165,7 @@ TEST_F(AppearanceTest, ChosenCultureLoadsItsParentOnceThenItsOwnStrings)
     m_appearance->UseCulture(Toolkit::make_smart<Toolkit::CultureInfo>(L"en", L""));
     m_appearance->UseCulture({});
     EXPECT_EQ(log.Count(L"Default Culture Selected is 'fr' ."), 2u);
+    EXPECT_EQ(errors.Lines().size(), 3u) << "each load of fr reports its bad line";
     m_appearance->UseCulture(m_appearance->FindCultureByName(L"en"));
     EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_TEXT")), L"en");
     EXPECT_TRUE(m_appearance->FindCultureByName(L"EN").IsNull()) << "found by exact name only";
