@@ -79,6 +79,14 @@ TEST(PackTest, DirectoryAndZipPacksReadTheSameTree)
         EXPECT_FALSE(pack->ReadLines(L"missing.txt", [](size_t, const TString<wchar_t>&) { return true; }));
     }
     EXPECT_FALSE(UIKit::IPack::Open((temp.Path() / "none.ar").wstring())) << "neither a file nor a directory";
+
+    // A zip pack is opened once: an entry it refuses is logged once however much is read.
+    LogCapture log;
+    appearancetest::WriteZipPack(temp.Path() / "evil.ar", {{"../x", "x"}, {"ok.xml", "<Control/>"}});
+    const auto evil = UIKit::IPack::Open((temp.Path() / "evil.ar").wstring());
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(bytesOf(*evil, L"ok.xml"), "<Control/>");
+    EXPECT_EQ(log.Count(L"evil.ar"), 1u) << log.Dump();
 }
 
 TEST_F(AppearanceTest, DirectoryPackAndItsZippedTwinGiveTheSameContent)
