@@ -5,7 +5,6 @@
 #include "appearance/PackReader.h"
 #include "controls/ImageCtrl.h"
 #include "descriptors/ImageDescriptor.h"
-#include "xml/XMLLoader.h"
 
 #include "Preferences/AppPreferences.h"
 #include "Toolkit/Directory.h"
@@ -59,14 +58,9 @@ void appendNumber(TString<wchar_t>& text, N value)
 Appearance::Appearance()
     : m_preferredCultures{L"en", L"es", L"fr"}, m_preferenceSection("Appearance"), m_preferenceKey("Culture")
 {
-    XMLLoader::SetResourceProvider(this);
 }
 
-Appearance::~Appearance()
-{
-    if (XMLLoader::GetResourceProvider() == this)
-        XMLLoader::SetResourceProvider(nullptr);
-}
+Appearance::~Appearance() = default;
 
 bool Appearance::Init()
 {
@@ -159,6 +153,13 @@ wxImage Appearance::GetGraphic(const TString<wchar_t>& name)
 {
     const auto cached = m_graphics.find(name);
     return cached != m_graphics.end() ? cached->second : LoadGraphic(name);
+}
+
+bool Appearance::ReadGraphic(const TString<wchar_t>& name, wxImage& image)
+{
+    image = GetGraphic(name);
+    // Only images the pack has are cached.
+    return m_graphics.count(name) != 0;
 }
 
 wxImage Appearance::LoadGraphic(const TString<wchar_t>& name)
