@@ -55,13 +55,15 @@ XMLLoader::~XMLLoader()
 
 void XMLLoader::release()
 {
-    if (m_element && !m_borrowed)
+    // A borrowed element's origin belongs to the document that lent it.
+    if (m_element && !m_borrowed) {
         node_destroy(m_element);
+        m_origin->text = nullptr;
+        m_origin->length = 0;
+    }
     m_element = nullptr;
     m_borrowed = false;
     m_text.clear();
-    m_origin->text = nullptr;
-    m_origin->length = 0;
 }
 
 bool XMLLoader::LoadFromFile(const TString<char>& path)
@@ -202,11 +204,12 @@ bool XMLLoader::readList(const TString<char>& path, const TString<char>& attribu
     const char* text = rawText(path, attribute);
     if (isEmpty(text))
         return false;
-    if (isNumberList(text) && XmlNumbers::ParseList(text, values, count) >= count)
-        return true;
-    Report(path, "bad value '" + std::string(text) + "' of attribute '" + std::string(attribute) + "': " + std::to_string(count) +
-                     " numbers expected");
-    return false;
+    // Words still read as 0, as they always have; they are reported all the same.
+    const bool enough = XmlNumbers::ParseList(text, values, count) >= count;
+    if (!enough || !isNumberList(text))
+        Report(path, "bad value '" + std::string(text) + "' of attribute '" + std::string(attribute) + "': " +
+                         std::to_string(count) + " numbers expected");
+    return enough;
 }
 
 wxColour XMLLoader::ReadColor(const TString<char>& path, const TString<char>& attribute) const

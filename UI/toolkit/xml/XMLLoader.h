@@ -98,8 +98,8 @@ public:
 private:
     // The raw UTF-8 text that the path and attribute name point at, or null.
     const char* rawText(const TString<char>& path, const TString<char>& attribute) const;
-    // Reads `count` numbers; false (and reported) when the value is there
-    // but is not a list of at least that many numbers.
+    // Reads `count` numbers; false when the value is absent or too short.
+    // A value that is there but not a list of numbers is reported.
     bool readList(const TString<char>& path, const TString<char>& attribute, int* values, size_t count) const;
     XML_NODE* elementAt(const TString<char>& path) const;
     bool parse();

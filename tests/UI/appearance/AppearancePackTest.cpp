@@ -287,17 +287,15 @@ TEST_F(AppearanceTest, ImageControlsAreSharedExactlyWhenImageSizeAndMarginsAgree
     }
 }
 
-TEST_F(AppearanceTest, InstallsItselfAsTheXmlReadersResourceProvider)
+TEST_F(AppearanceTest, ServesTheXmlReaderAsItsResources)
 {
-    EXPECT_EQ(UIKit::XMLLoader::GetResourceProvider(), m_appearance.get());
     UseAppearancesDir(appearancetest::ZippedPacksDir());
     InitWithCulture(L"fr");
     UIKit::XMLLoader loader;
+    loader.SetResources(m_appearance.get());
     ASSERT_TRUE(loader.LoadFromAppearance(L"dashboard"));
     EXPECT_EQ(loader.ReadString("", "name"), L"Dashboard");
     EXPECT_EQ(loader.ReadLabel("Control/Control/Label", ""), L"Bonjour");
     EXPECT_EQ(loader.ReadImage("BackgroundImage", "").GetSize(), wxSize(40, 30));
-    EXPECT_FALSE(UIKit::XMLLoader().LoadFromAppearance(L"empty"));
-    m_appearance.reset();
-    EXPECT_EQ(UIKit::XMLLoader::GetResourceProvider(), nullptr);
+    EXPECT_FALSE(loader.LoadFromAppearance(L"empty"));
 }

@@ -18,7 +18,7 @@ protected:
         const std::string xml = "<Control class=\"ButtonCtrl\" bounds=\"0,0," + std::to_string(bounds.width) + "," +
                                 std::to_string(bounds.height) + "\"" + inner + "</Control>";
         auto* button = new ButtonCtrl(m_frame, id, bounds);
-        button->LoadDescriptor(Describe<ButtonCtrlDescriptor>(xml));
+        Load(button, Describe<ButtonCtrlDescriptor>(xml));
         button->Bind(wxEVT_BUTTON, [this](wxCommandEvent& e) {
             ++m_clicks;
             EXPECT_EQ(e.GetInt(), -1);

@@ -183,7 +183,7 @@ TEST_F(ControlTest, PanelShowsDisabledThenSelectedThenNormalImage)
     };
     for (const auto& c : cases) {
         auto* panel = new PanelCtrl(m_frame, wxID_ANY, wxRect(0, 0, 20, 20));
-        ASSERT_TRUE(panel->LoadDescriptor(
+        ASSERT_TRUE(Load(panel, 
             Describe<PanelCtrlDescriptor>(R"(<Control class="PanelCtrl" bounds="0,0,20,20">)" + c.images + "</Control>")));
         panel->Enable(c.enabled);
         panel->Select(c.selected);

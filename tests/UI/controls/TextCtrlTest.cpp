@@ -31,7 +31,7 @@ class TextCtrlTest : public controltest::SkinnedTest {};
 TEST_F(TextCtrlTest, StaticTextFitsItsLabelOncePerNewText)
 {
     auto* label = new CountingLabel(m_frame, wxID_ANY, wxRect(0, 0, 80, 60));
-    label->LoadDescriptor(Describe<StaticTextCtrlDescriptor>(
+    Load(label, Describe<StaticTextCtrlDescriptor>(
         R"(<Control class="StaticTextCtrl" bounds="0,0,80,60"><Font ptsize="10"/><Label>Hi</Label></Control>)"));
     EXPECT_EQ(label->GetControlLabel(), L"Hi");
     EXPECT_EQ(label->GetLabelArea(), wxRect(2, 2, 76, 56));
@@ -61,9 +61,9 @@ TEST_F(TextCtrlTest, ClickOnALabelReachesTheButtonUnderIt)
 {
     testsupport::FakeClock clock(10000);
     auto* button = new ButtonCtrl(m_frame, wxID_ANY, wxRect(0, 0, 100, 40));
-    button->LoadDescriptor(Describe<ButtonCtrlDescriptor>(R"(<Control class="ButtonCtrl" bounds="0,0,100,40"/>)"));
+    Load(button, Describe<ButtonCtrlDescriptor>(R"(<Control class="ButtonCtrl" bounds="0,0,100,40"/>)"));
     auto* label = new StaticTextCtrl(button, wxID_ANY, wxRect(10, 10, 80, 20));
-    label->LoadDescriptor(Describe<StaticTextCtrlDescriptor>(
+    Load(label, Describe<StaticTextCtrlDescriptor>(
         R"(<Control class="StaticTextCtrl" bounds="10,10,80,20"><Label>Go</Label></Control>)"));
     int clicks = 0;
     button->Bind(wxEVT_BUTTON, [&](wxCommandEvent&) { ++clicks; });
@@ -88,7 +88,7 @@ protected:
     EditTextCtrl* Edit(const std::string& style = "")
     {
         auto* edit = new EditTextCtrl(m_frame, wxID_ANY, wxRect(0, 0, 120, 24));
-        edit->LoadDescriptor(Describe<EditTextCtrlDescriptor>(
+        Load(edit, Describe<EditTextCtrlDescriptor>(
             R"(<Control class="EditTextCtrl" bounds="0,0,120,24">)" + style + "</Control>"));
         return edit;
     }
