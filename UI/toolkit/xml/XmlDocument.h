@@ -8,6 +8,7 @@
 #include "xml/XmlTypes.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -25,6 +26,13 @@ public:
     // Replaces the text with a copy of `length` bytes followed by a NUL and
     // returns the copy.
     const char* SetText(const char* text, size_t length);
+    // Records where the parsed text lies (the copy, or the caller's buffer),
+    // so that positions in it can be turned into line numbers.
+    void SetSource(const char* text, size_t length);
+    // The 1-based line of `pos` in the parsed text, or 0 when `pos` is not in
+    // it. The first call after a parse indexes the line starts of the whole
+    // text; later calls only search that index.
+    uint32_t LineOf(const char* pos);
 
     // Raw memory, aligned for any record; throws std::bad_alloc.
     void* Allocate(size_t bytes);
@@ -53,6 +61,7 @@ private:
     };
 
     void grow(void*& items, uint32_t& capacity, size_t itemSize);
+    void indexLines();
     void nextChunk(size_t bytes);
 
     std::unique_ptr<char[]> m_text;
@@ -63,6 +72,11 @@ private:
     char* m_last = nullptr;    // start of the latest allocation, which may grow in place
     std::vector<XML_NODE*> m_stack;
     XmlClosingTags m_closingTags;
+    const char* m_source = nullptr; // the parsed text, copied or borrowed
+    size_t m_sourceLength = 0;
+    // Offsets at which the second and later lines start; filled on demand.
+    std::vector<uint32_t> m_lineStarts;
+    bool m_linesIndexed = false;
 };
 
 } // namespace UIKit

@@ -140,6 +140,7 @@ uint32_t setDocument(XML_NODE* element, const char* text, size_t length, XML_DOC
         element->ownsDocument = true;
         element->tag.name = document.CopyString("root", 4);
         const char* source = copy ? document.SetText(text, length) : text;
+        document.SetSource(source, length);
         XmlParser(document, lazy).ParseDocument(element, source, source + length);
         if (doctype)
             *doctype = element->doctype;
@@ -243,6 +244,17 @@ const char* node_value(XML_NODE* element)
 const char* node_name(const XML_NODE* element)
 {
     return element ? element->tag.name : nullptr;
+}
+
+uint32_t node_line(const XML_NODE* element)
+{
+    if (!element || !element->source)
+        return 0;
+    try {
+        return element->document->LineOf(element->source - 1); // the "<"
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
 }
 
 uint32_t node_destroy(XML_NODE* element)

@@ -45,6 +45,12 @@ const char* node_attribute(const XML_NODE* element, const char* name);
 // The element's text or CDATA content, null when none.
 const char* node_value(XML_NODE* element);
 const char* node_name(const XML_NODE* element);
+// The 1-based line of the parsed text on which the element's start tag
+// begins (lines end with LF, CR LF or CR), counted from the start of the
+// document also for children parsed lazily; 0 for an element that was not
+// parsed from a text (a top element from node_create before any parse, or
+// an element built in memory).
+uint32_t node_line(const XML_NODE* element);
 
 // Frees a top element and its tree. An element inside a tree is taken out of
 // its parent; its memory goes with the tree's.

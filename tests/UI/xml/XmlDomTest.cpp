@@ -248,3 +248,54 @@ TEST(XmlDomTest, DeepNestingNeedsNoCallStack)
         EXPECT_EQ(unclosedCount, size_t(levels));
     }
 }
+
+TEST(XmlDomTest, ElementsKnowTheLineOfTheirStartTag)
+{
+    struct LineCase {
+        const char* what;
+        std::string text;
+        const char* path; // null: the top element
+        uint32_t line;
+    };
+    const std::string screen = "<Skin>\n"
+                               "  <Screen name=\"a\">\n"
+                               "    <Control/>\n"
+                               "  </Screen>\n"
+                               "  <!-- a comment\n over two lines <Fake/> -->\n"
+                               "  <Other a=\"1\"\n         b=\"2\"><Deep><![CDATA[\n\n]]></Deep>\n"
+                               "    <Last/></Other>\n"
+                               "</Skin>\n";
+    const std::vector<LineCase> cases = {
+        {"top on the first line", "<A/>", nullptr, 1},
+        {"top after a prolog", "<?xml version=\"1.0\"?>\n<!-- c\n-->\n\n<A/>", nullptr, 5},
+        {"child", screen, "Screen", 2},
+        {"grandchild", screen, "Screen/Control", 3},
+        {"after a multi-line comment", screen, "Other", 7},
+        {"same line as a multi-line tag ends", screen, "Other/Deep", 8},
+        {"after CDATA holding newlines", screen, "Other/Last", 11},
+        {"CR LF counts once", "<A>\r\n<B>\r\n\r\n<C/></B></A>", "B/C", 4},
+        {"lone CR ends a line", "<A>\r<B/></A>", "B", 2},
+        {"several on one line", "<A>\n<B/><C/></A>", "C", 2},
+    };
+    for (const auto& c : cases)
+        for (const bool lazy : {false, true}) {
+            auto tree = Parse(c.text, lazy);
+            XML_NODE* element = c.path ? node_find_first(tree.get(), c.path) : tree.get();
+            ASSERT_NE(element, nullptr) << c.what;
+            EXPECT_EQ(node_line(element), c.line) << c.what << (lazy ? " (lazy)" : " (eager)");
+        }
+
+    // Elements not read from a text have no line; a new parse forgets the old lines.
+    XML_NODE* top = nullptr;
+    ASSERT_EQ(node_create(&top, "root", nullptr), XML_OK);
+    xmltest::Tree tree(top);
+    EXPECT_EQ(node_line(top), 0u);
+    EXPECT_EQ(node_line(nullptr), 0u);
+    node_set_doc(top, "just text\n", nullptr, true);
+    EXPECT_EQ(node_line(top), 0u);
+    const std::string borrowed = "\n\n<A>\n<B/></A>";
+    node_set_doc_borrowed(top, borrowed.data(), borrowed.size(), nullptr, true);
+    EXPECT_EQ(node_line(node_find_first(top, "B")), 4u);
+    node_set_doc(top, "<A><B/></A>", nullptr, true);
+    EXPECT_EQ(node_line(node_find_first(top, "B")), 1u);
+}
