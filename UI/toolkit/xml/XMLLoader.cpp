@@ -3,6 +3,7 @@
 #include "Toolkit/ILogger.h"
 #include "Toolkit/UTF8.h"
 #include "factory/ControlIds.h"
+#include "xml/ErrorSink.h"
 #include "xml/IResourceProvider.h"
 #include "xml/XMLNode.h"
 #include "xml/XmlDom.h"
@@ -20,6 +21,14 @@ IResourceProvider* s_resourceProvider = nullptr;
 bool isEmpty(const char* text)
 {
     return !text || !*text;
+}
+
+// Every problem found in a document's text, now or when its pending
+// children are parsed later, goes to the error sink.
+void reportMalformed(const XML_ERROR& error, void*)
+{
+    ErrorSink::Report(error.file ? error.file : "", static_cast<int>(error.line),
+                      std::string("malformed XML: ") + error.cause);
 }
 
 } // namespace
@@ -62,7 +71,7 @@ bool XMLLoader::LoadFromFile(const TString<char>& path)
         TK_LOG(Toolkit::LogError) << "The XML file is empty: " << path;
         return false;
     }
-    return parse();
+    return parse(path);
 }
 
 bool XMLLoader::LoadFromAppearance(const TString<wchar_t>& name)
@@ -78,17 +87,17 @@ bool XMLLoader::LoadFromAppearance(const TString<wchar_t>& name)
         return false;
     }
     m_text.assign(bytes.begin(), bytes.end());
-    return parse();
+    return parse(Toolkit::UTF8::ToUTF8(name));
 }
 
 bool XMLLoader::LoadFromBytes(const char* bytes, size_t length)
 {
     release();
     m_text.assign(bytes, bytes + length);
-    return parse();
+    return parse(std::string());
 }
 
-bool XMLLoader::parse()
+bool XMLLoader::parse(const std::string& name)
 {
     // The document ends at its first NUL, as a C string would.
     size_t length = m_text.size();
@@ -96,6 +105,10 @@ bool XMLLoader::parse()
         length = static_cast<size_t>(static_cast<const char*>(nul) - m_text.data());
     XML_NODE* element = nullptr;
     uint32_t result = node_create(&element, "root", "uri");
+    if (!XML_FAILED(result))
+        result = node_set_doc_name(element, name.c_str());
+    if (!XML_FAILED(result))
+        result = node_set_error_handler(element, &reportMalformed, nullptr);
     if (!XML_FAILED(result))
         result = node_set_doc_borrowed(element, m_text.data(), length, nullptr, true);
     if (XML_FAILED(result)) {

@@ -83,7 +83,8 @@ private:
     // The raw UTF-8 text that the path and attribute name point at, or null.
     const char* rawText(const TString<char>& path, const TString<char>& attribute) const;
     size_t readList(const TString<char>& path, const TString<char>& attribute, int* values, size_t capacity) const;
-    bool parse();
+    // Parses m_text; problems in it are reported under `name`.
+    bool parse(const std::string& name);
     void release();
 
     // The document's bytes, which the owned tree reads its pending children

@@ -44,6 +44,28 @@ void XmlDocument::SetSource(const char* text, size_t length)
     m_sourceLength = length;
     m_lineStarts.clear();
     m_linesIndexed = false;
+    m_errorPositions.clear();
+}
+
+void XmlDocument::SetErrorHandler(XML_ERROR_HANDLER handler, void* context)
+{
+    m_errorHandler = handler;
+    m_errorContext = context;
+}
+
+void XmlDocument::ReportError(const char* pos, std::string cause)
+{
+    const auto offset = static_cast<size_t>(pos - m_source);
+    if (m_errorPositions.size() >= kMaxErrors ||
+        std::find(m_errorPositions.begin(), m_errorPositions.end(), offset) != m_errorPositions.end())
+        return;
+    m_errorPositions.push_back(offset);
+    // A problem found at the end of the text belongs to its last line.
+    const char* at = offset == m_sourceLength && offset > 0 ? pos - 1 : pos;
+    m_lastCause = std::move(cause);
+    m_lastError = XML_ERROR{m_name.empty() ? nullptr : m_name.c_str(), LineOf(at), m_lastCause.c_str()};
+    if (m_errorHandler)
+        m_errorHandler(m_lastError, m_errorContext);
 }
 
 uint32_t XmlDocument::LineOf(const char* pos)

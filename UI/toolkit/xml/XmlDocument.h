@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace UIKit {
@@ -33,6 +34,19 @@ public:
     // it. The first call after a parse indexes the line starts of the whole
     // text; later calls only search that index.
     uint32_t LineOf(const char* pos);
+
+    // The name that error records carry, and who hears of them; both are
+    // kept across parses.
+    void SetName(const char* name) { m_name = name ? name : ""; }
+    void SetErrorHandler(XML_ERROR_HANDLER handler, void* context);
+    // Records a problem found at `pos` of the parsed text and passes it to
+    // the handler: once per position, so that a problem met again (by a
+    // later parse of pending children, or by an enclosing construct that
+    // ends at the same place) is told once, and at most kMaxErrors times.
+    void ReportError(const char* pos, std::string cause);
+    // The latest problem recorded since the text was set, or null.
+    const XML_ERROR* LastError() const { return m_errorPositions.empty() ? nullptr : &m_lastError; }
+    static constexpr size_t kMaxErrors = 50;
 
     // Raw memory, aligned for any record; throws std::bad_alloc.
     void* Allocate(size_t bytes);
@@ -77,6 +91,12 @@ private:
     // Offsets at which the second and later lines start; filled on demand.
     std::vector<uint32_t> m_lineStarts;
     bool m_linesIndexed = false;
+    std::string m_name;
+    XML_ERROR_HANDLER m_errorHandler = nullptr;
+    void* m_errorContext = nullptr;
+    std::vector<size_t> m_errorPositions; // offsets already reported
+    std::string m_lastCause;
+    XML_ERROR m_lastError{};
 };
 
 } // namespace UIKit

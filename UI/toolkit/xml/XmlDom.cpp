@@ -195,6 +195,35 @@ uint32_t node_set_doc_borrowed(XML_NODE* element, const char* text, size_t lengt
     return setDocument(element, text, length, doctype, lazy, false);
 }
 
+uint32_t node_set_doc_name(XML_NODE* element, const char* name)
+{
+    if (!element)
+        return XML_NULL_ARGUMENT;
+    if (!element->ownsDocument)
+        return XML_FAILURE;
+    try {
+        element->document->SetName(name);
+        return XML_OK;
+    } catch (const std::bad_alloc&) {
+        return XML_FAILURE;
+    }
+}
+
+uint32_t node_set_error_handler(XML_NODE* element, XML_ERROR_HANDLER handler, void* context)
+{
+    if (!element)
+        return XML_NULL_ARGUMENT;
+    if (!element->ownsDocument)
+        return XML_FAILURE;
+    element->document->SetErrorHandler(handler, context);
+    return XML_OK;
+}
+
+const XML_ERROR* node_last_error(const XML_NODE* element)
+{
+    return element ? element->document->LastError() : nullptr;
+}
+
 XML_NODE* node_find_first(XML_NODE* element, const char* path)
 {
     if (!element)
