@@ -20,6 +20,14 @@ bool isEmpty(const char* text)
     return !text || !*text;
 }
 
+// Every problem found in a document's text, now or when its pending
+// children are parsed later, goes to the error sink.
+void reportMalformed(const XML_ERROR& error, void*)
+{
+    ErrorSink::Report(error.file ? error.file : "", static_cast<int>(error.line),
+                      std::string("malformed XML: ") + error.cause);
+}
+
 // Numbers, signs, separators and blanks only: "red" or "1,2,x,4" is not a
 // colour, however many items it has.
 bool isNumberList(const char* text)
@@ -55,12 +63,8 @@ XMLLoader::~XMLLoader()
 
 void XMLLoader::release()
 {
-    // A borrowed element's origin belongs to the document that lent it.
-    if (m_element && !m_borrowed) {
+    if (m_element && !m_borrowed)
         node_destroy(m_element);
-        m_origin->text = nullptr;
-        m_origin->length = 0;
-    }
     m_element = nullptr;
     m_borrowed = false;
     m_text.clear();
@@ -122,6 +126,10 @@ bool XMLLoader::parse()
     XML_NODE* element = nullptr;
     uint32_t result = node_create(&element, "root", "uri");
     if (!XML_FAILED(result))
+        result = node_set_doc_name(element, m_origin->file.c_str());
+    if (!XML_FAILED(result))
+        result = node_set_error_handler(element, &reportMalformed, nullptr);
+    if (!XML_FAILED(result))
         result = node_set_doc_borrowed(element, m_text.data(), length, nullptr, true);
     if (XML_FAILED(result)) {
         ErrorSink::Report(m_origin->file, 0,
@@ -131,9 +139,15 @@ bool XMLLoader::parse()
         return false;
     }
     m_element = element;
-    m_origin->text = m_text.data();
-    m_origin->length = length;
     return true;
+}
+
+void XMLLoader::SetFileName(const std::string& file)
+{
+    m_origin->file = file;
+    // Problems still to be found in pending children are told under it too.
+    if (m_element && !m_borrowed)
+        node_set_doc_name(m_element, file.c_str());
 }
 
 Toolkit::smart_ptr<XMLNode> XMLLoader::GetRootNode() const

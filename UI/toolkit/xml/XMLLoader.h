@@ -87,7 +87,7 @@ public:
     void SetResources(IResourceProvider* resources) { m_origin->resources = resources; }
     IResourceProvider* GetResources() const { return m_origin->resources; }
     // The name problems of this document are reported under.
-    void SetFileName(const std::string& file) { m_origin->file = file; }
+    void SetFileName(const std::string& file);
     const std::string& GetFileName() const { return m_origin->file; }
     const Toolkit::smart_ptr<DocumentOrigin>& GetOrigin() const { return m_origin; }
 
@@ -102,6 +102,7 @@ private:
     // A value that is there but not a list of numbers is reported.
     bool readList(const TString<char>& path, const TString<char>& attribute, int* values, size_t count) const;
     XML_NODE* elementAt(const TString<char>& path) const;
+    // Parses m_text; problems in it are reported under the origin's file name.
     bool parse();
     void release();
 

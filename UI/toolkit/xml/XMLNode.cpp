@@ -4,7 +4,6 @@
 #include "xml/ErrorSink.h"
 #include "xml/XmlDom.h"
 
-#include <algorithm>
 
 namespace UIKit {
 namespace {
@@ -18,11 +17,7 @@ TString<wchar_t> wide(const char* text)
 
 int DocumentOrigin::LineOf(const XML_NODE* element) const
 {
-    // The element remembers where its name starts in the document's text;
-    // its line is one more than the line breaks before that point.
-    if (!element || !element->source || !text || element->source < text || element->source > text + length)
-        return 0;
-    return 1 + int(std::count(text, element->source, '\n'));
+    return element ? int(node_line(element)) : 0;
 }
 
 XMLNode::XMLNode(XML_NODE* element, Toolkit::smart_ptr<DocumentOrigin> origin)

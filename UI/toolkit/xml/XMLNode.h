@@ -8,7 +8,6 @@
 #include "Toolkit/smart_ptr.h"
 #include "xml/XmlTypes.h"
 
-#include <cstddef>
 #include <string>
 
 namespace UIKit {
@@ -21,11 +20,8 @@ struct DocumentOrigin {
     std::string file;
     // The pack images and labels are read from; not owned, may be null.
     IResourceProvider* resources = nullptr;
-    // The document's text, which element lines are counted in.
-    const char* text = nullptr;
-    size_t length = 0;
 
-    // The 1-based line of the element in the text; 0 when unknown.
+    // The 1-based line of the element in its document; 0 when unknown.
     int LineOf(const XML_NODE* element) const;
 };
 
