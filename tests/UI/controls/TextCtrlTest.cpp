@@ -119,7 +119,7 @@ TEST_F(EditTextTest, TheNativeBoxLeavesTheSkinVisibleAroundIt)
         wxRect box;
     } cases[] = {
         {"", wxRect(4, 4, 112, 16)},
-        {R"(<Enabled margin="2,3,5,7">red.png</Enabled>)", wxRect(3, 2, 107, 13)},
+        {R"(<Enabled margin="2,3,5,7">red.png</Enabled>)", wxRect(3, 2, 112, 15)},
         {R"(<Enabled margin="2,3,5,7">red.png</Enabled>)", wxRect(1, 2, 116, 18)},
     };
     for (size_t i = 0; i < std::size(cases); ++i) {
