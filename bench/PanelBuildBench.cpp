@@ -5,10 +5,8 @@
 #include "appearance/Appearance.h"
 #include "controls/ButtonCtrl.h"
 #include "controls/PanelCtrl.h"
-#include "controls/StaticTextCtrl.h"
-#include "descriptors/ButtonCtrlDescriptor.h"
+#include "controls/StandardControls.h"
 #include "factory/CtrlFactory.h"
-#include "factory/CtrlGenerator.h"
 #include "xml/XMLLoader.h"
 
 #include <benchmark/benchmark.h>
@@ -62,9 +60,9 @@ public:
         Appearance::CmdLine_OptionCulture = L"en";
         m_ok = Appearance::Instance()->Init();
         auto factory = CtrlFactory::Instance();
-        factory->AddGenerator(L"PanelCtrl", CtrlGenerator<PanelCtrlDescriptor, PanelCtrl>::Make());
-        factory->AddGenerator(L"ButtonCtrl", CtrlGenerator<ButtonCtrlDescriptor, ButtonCtrl>::Make());
-        factory->AddGenerator(L"StaticTextCtrl", CtrlGenerator<StaticTextCtrlDescriptor, StaticTextCtrl>::Make());
+        RegisterStandardControls(*factory);
+        factory->SetResources(Appearance::Instance().get());
+        m_loader.SetResources(Appearance::Instance().get());
         const std::string xml = panelDescription();
         m_loader.LoadFromBytes(xml.data(), xml.size());
         m_descriptor = factory->CreateDescriptor(m_loader.GetRootNode());

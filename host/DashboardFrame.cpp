@@ -5,7 +5,6 @@
 #include "appearance/Appearance.h"
 #include "factory/ControlIds.h"
 #include "factory/CtrlFactory.h"
-#include "xml/XMLLoader.h"
 #include "module/AppController.h"
 #include "module/Util.h"
 
@@ -30,10 +29,7 @@ DashboardFrame::DashboardFrame(const wxRect& bounds) : UIKit::IDashboard(bounds)
 
 bool DashboardFrame::LoadDashboard()
 {
-    UIKit::XMLLoader loader;
-    if (!loader.LoadFromAppearance(L"dashboard"))
-        return false;
-    auto descriptor = UIKit::CtrlFactory::Instance()->CreateDescriptor(loader.GetRootNode());
+    auto descriptor = UIKit::CtrlFactory::Instance()->CreateDescriptorFromPack(L"dashboard");
     if (!descriptor)
         return false;
     // Labels are resolved when a description is read, so a new language

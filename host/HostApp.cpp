@@ -7,15 +7,8 @@
 #include "Toolkit/LibModuleManager.h"
 #include "Toolkit/PathManager.h"
 #include "appearance/Appearance.h"
-#include "controls/ButtonCtrl.h"
-#include "controls/EditTextCtrl.h"
-#include "controls/PanelCtrl.h"
-#include "controls/StaticTextCtrl.h"
-#include "descriptors/ButtonCtrlDescriptor.h"
-#include "descriptors/EditTextCtrlDescriptor.h"
-#include "descriptors/FrameCtrlDescriptor.h"
+#include "controls/StandardControls.h"
 #include "factory/CtrlFactory.h"
-#include "factory/CtrlGenerator.h"
 #include "module/SingleApplicationInstance.h"
 
 #include <clocale>
@@ -83,11 +76,9 @@ void HostApp::registerControls()
 {
     using namespace UIKit;
     auto factory = CtrlFactory::Instance();
-    factory->AddGenerator(L"FrameCtrl", DescriptorGenerator<FrameCtrlDescriptor>::Make());
-    factory->AddGenerator(L"PanelCtrl", CtrlGenerator<PanelCtrlDescriptor, PanelCtrl>::Make());
-    factory->AddGenerator(L"ButtonCtrl", CtrlGenerator<ButtonCtrlDescriptor, ButtonCtrl>::Make());
-    factory->AddGenerator(L"StaticTextCtrl", CtrlGenerator<StaticTextCtrlDescriptor, StaticTextCtrl>::Make());
-    factory->AddGenerator(L"EditTextCtrl", CtrlGenerator<EditTextCtrlDescriptor, EditTextCtrl>::Make());
+    RegisterStandardControls(*factory);
+    // Documents and controls the factory builds read the appearance's pack.
+    factory->SetResources(Appearance::Instance().get());
 }
 
 bool HostApp::createDashboard()

@@ -4,7 +4,6 @@
 #include "controls/ImageCtrl.h"
 #include "descriptors/ImageDescriptor.h"
 #include "xml/ErrorSink.h"
-#include "xml/XMLLoader.h"
 
 #include "Toolkit/Directory.h"
 #include "Toolkit/ILogger.h"
@@ -23,14 +22,9 @@ TString<wchar_t> Appearance::CmdLine_OptionCulture;
 
 Appearance::Appearance()
 {
-    XMLLoader::SetResourceProvider(this);
 }
 
-Appearance::~Appearance()
-{
-    if (XMLLoader::GetResourceProvider() == this)
-        XMLLoader::SetResourceProvider(nullptr);
-}
+Appearance::~Appearance() = default;
 
 bool Appearance::Init()
 {
@@ -134,6 +128,13 @@ wxImage Appearance::GetGraphic(const TString<wchar_t>& name)
 {
     const wxImage* cached = m_images.Find(name);
     return cached ? *cached : LoadGraphic(name);
+}
+
+bool Appearance::ReadGraphic(const TString<wchar_t>& name, wxImage& image)
+{
+    image = GetGraphic(name);
+    // Only images the pack has are cached.
+    return m_images.Find(name) != nullptr;
 }
 
 wxImage Appearance::LoadGraphic(const TString<wchar_t>& name)

@@ -60,7 +60,9 @@ public:
 
     bool ReadDescriptor(const TString<wchar_t>& name, std::vector<unsigned char>& bytes) override;
     // The cached image, or LoadGraphic.
-    wxImage GetGraphic(const TString<wchar_t>& name) override;
+    wxImage GetGraphic(const TString<wchar_t>& name);
+    // GetGraphic, and whether the pack has the image.
+    bool ReadGraphic(const TString<wchar_t>& name, wxImage& image) override;
     // Loads "graphics/<name>" and caches it; a black 128 x 128 image, not
     // cached, when it is missing or not decodable.
     wxImage LoadGraphic(const TString<wchar_t>& name);
@@ -70,7 +72,7 @@ public:
     // The descriptor's image, already loaded, drawn at size with its
     // margins; shared by every request with the same image, size and margins.
     Toolkit::smart_ptr<ImageCtrl> ImageCtrlWithIdentifier(Toolkit::smart_ptr<ImageDescriptor> descriptor,
-                                                          const wxSize& size);
+                                                          const wxSize& size) override;
     // The image-control cache key: "button.png[120x32,4.4.4.4]".
     static void ImageCtrlKey(const TString<wchar_t>& identifier, const wxSize& size, const unsigned int margins[4],
                              TString<wchar_t>& key);
@@ -78,7 +80,7 @@ public:
     // Strings of the current culture; see StringTable for missing keys.
     const TString<wchar_t>& GetStr(const TString<char>& key) const { return m_culture.Strings().Get(key); }
     const TString<wchar_t>& GetStr(const TString<wchar_t>& key) const;
-    bool IsStrExist(const TString<char>& key) const { return m_culture.Strings().Contains(key); }
+    bool IsStrExist(const TString<char>& key) const override { return m_culture.Strings().Contains(key); }
     bool IsStrExist(const TString<wchar_t>& key) const;
     const TString<wchar_t>& GetAddStr(const TString<char>& key) override;
     const TString<wchar_t>& GetAddStr(const TString<wchar_t>& key);

@@ -1,9 +1,8 @@
 #include "controls/ButtonCtrl.h"
 
 #include "Toolkit/TickCount.h"
-#include "appearance/Appearance.h"
 #include "controls/ImageCtrl.h"
-#include "descriptors/ButtonCtrlDescriptor.h"
+#include "controls/LabelPainter.h"
 #include "factory/ControlIds.h"
 #include "module/Util.h"
 
@@ -22,46 +21,35 @@ ButtonCtrl::ButtonCtrl(wxWindow* parent, int id, const wxRect& bounds) : PanelCt
 
 bool ButtonCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor)
 {
+    // Typed before the panel loads, which asks for the button's images.
+    m_text = descriptor.DynamicCast<StaticTextCtrlDescriptor>();
+    m_button = descriptor.DynamicCast<ButtonCtrlDescriptor>();
     PanelCtrl::LoadDescriptor(descriptor);
-    loadButtonImages(descriptor->GetBounds().GetSize());
-    if (auto text = descriptor.DynamicCast<StaticTextCtrlDescriptor>())
-        SetControlLabel(text->GetLabel());
-    if (auto button = descriptor.DynamicCast<ButtonCtrlDescriptor>())
-        if (!button->GetTooltip().empty())
-            SetToolTip(wxString(button->GetTooltip()));
+    if (m_text)
+        SetControlLabel(m_text->GetLabel());
+    if (m_button && !m_button->GetTooltip().empty())
+        SetToolTip(wxString(m_button->GetTooltip()));
     updateCursor(IsEnabled());
     return true;
 }
 
-void ButtonCtrl::loadButtonImages(const wxSize& size)
+void ButtonCtrl::loadImages(const wxSize& size)
 {
-    auto button = m_descriptor.DynamicCast<ButtonCtrlDescriptor>();
-    auto appearance = Appearance::Instance();
-    if (!button || !appearance)
+    if (!m_button) {
+        PanelCtrl::loadImages(size);
         return;
-    m_normalImage = appearance->ImageCtrlWithIdentifier(button->GetEnabledImage(), size);
-    m_disabledButtonImage = appearance->ImageCtrlWithIdentifier(button->GetDisabledImage(), size);
-    m_overImage = appearance->ImageCtrlWithIdentifier(button->GetOverImage(), size);
-    m_pressedImage = appearance->ImageCtrlWithIdentifier(button->GetPressedImage(), size);
-    m_selectedButtonImage = appearance->ImageCtrlWithIdentifier(button->GetSelectedImage(), size);
+    }
+    m_images.normal = imageAt(m_button->GetEnabledImage(), size);
+    m_images.disabled = imageAt(m_button->GetDisabledImage(), size);
+    m_images.selected = imageAt(m_button->GetSelectedImage(), size);
+    m_images.over = imageAt(m_button->GetOverImage(), size);
+    m_images.pressed = imageAt(m_button->GetPressedImage(), size);
 }
 
 void ButtonCtrl::SetControlLabel(const TString<wchar_t>& text)
 {
-    const wxSize size = GetSize();
-    m_labelArea = wxRect(2, 2, size.x - 4, size.y - 4);
-    Toolkit::smart_ptr<FontDescriptor> font;
-    if (auto description = m_descriptor.DynamicCast<StaticTextCtrlDescriptor>())
-        font = description->GetFont();
-    if (m_descriptor) {
-        // Padding is given as left, top, right, bottom.
-        const wxRect& padding = m_descriptor->GetPadding();
-        if (padding != wxRect()) {
-            const wxSize bounds = m_descriptor->GetBounds().GetSize();
-            m_labelArea = wxRect(padding.x, padding.y, bounds.x - padding.x - padding.width,
-                                 bounds.y - padding.y - padding.height);
-        }
-    }
+    m_labelArea = LabelPainter::Area(GetSize(), m_descriptor.get());
+    const Toolkit::smart_ptr<FontDescriptor> font = m_text ? m_text->GetFont() : Toolkit::smart_ptr<FontDescriptor>();
     wxClientDC dc(this);
     Util::FormatLabel(dc, m_labelArea.GetSize(), font, text, Util::OneLineEllipsis, m_label);
     RefreshUpdate(false);
@@ -81,44 +69,16 @@ void ButtonCtrl::updateCursor(bool enabled)
         RestorePreviousCursor();
 }
 
-void ButtonCtrl::OnSize(wxSizeEvent& event)
-{
-    PanelCtrl::OnSize(event);
-    loadButtonImages(GetSize());
-}
-
 ImageCtrl* ButtonCtrl::currentImage() const
 {
-    if (!IsEnabled() && m_disabledButtonImage)
-        return m_disabledButtonImage.get();
-    if (IsSelected() && m_selectedButtonImage)
-        return m_selectedButtonImage.get();
-    if (IsInside()) {
-        if (m_pressed && m_pressedImage)
-            return m_pressedImage.get();
-        if (m_overImage)
-            return m_overImage.get();
-    }
-    return m_normalImage.get();
+    return m_images.Pick(IsEnabled(), IsSelected(), IsInside(), m_pressed);
 }
 
 void ButtonCtrl::DrawCustom(wxDC& dc)
 {
-    if (ImageCtrl* image = currentImage())
-        image->Draw(dc, wxPoint(0, 0));
-    if (m_label.empty())
-        return;
-    int placement = wxALIGN_CENTER;
-    if (auto description = m_descriptor.DynamicCast<StaticTextCtrlDescriptor>()) {
-        placement = description->GetPlacement();
-        if (const auto& font = description->GetFont()) {
-            const wxColour& colour = IsEnabled() ? font->GetForeColour() : font->GetDisabledColour();
-            if (colour.IsOk())
-                dc.SetTextForeground(colour);
-            dc.SetFont(font->GetFont());
-        }
-    }
-    dc.DrawLabel(wxString(m_label), wxNullBitmap, m_labelArea, placement, -1);
+    PanelCtrl::DrawCustom(dc);
+    LabelPainter::Draw(dc, m_label, m_labelArea, m_text ? m_text->GetPlacement() : int(wxALIGN_CENTER),
+                       m_text ? m_text->GetFont().get() : nullptr, IsEnabled());
 }
 
 void ButtonCtrl::OnLeftDown(wxMouseEvent& event)

@@ -4,6 +4,7 @@
 // tip, and a click event on release over the button, at most once every
 // 500 ms counted from the end of the previous click's handling.
 #include "controls/PanelCtrl.h"
+#include "descriptors/ButtonCtrlDescriptor.h"
 
 #include <cstdint>
 
@@ -26,27 +27,25 @@ public:
     bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor) override;
     // Fits the text into the label area and redraws.
     void SetControlLabel(const TString<wchar_t>& text) override;
-    void OnSize(wxSizeEvent& event) override;
     void DrawCustom(wxDC& dc) override;
 
     const wxRect& GetLabelArea() const { return m_labelArea; }
     bool IsPressed() const { return m_pressed; }
 
 protected:
-    // The image the button shows in its current state, or null.
-    ImageCtrl* currentImage() const;
+    // The enabled image as the normal one, plus the over and pressed images.
+    void loadImages(const wxSize& size) override;
+    ImageCtrl* currentImage() const override;
 
 private:
-    void loadButtonImages(const wxSize& size);
     void emitClick();
     void updateCursor(bool enabled);
 
+    // Null for a button described without a label (a plain panel class).
+    Toolkit::smart_ptr<StaticTextCtrlDescriptor> m_text;
+    Toolkit::smart_ptr<ButtonCtrlDescriptor> m_button;
     wxRect m_labelArea;
     bool m_pressed = false;
-    Toolkit::smart_ptr<ImageCtrl> m_disabledButtonImage;
-    Toolkit::smart_ptr<ImageCtrl> m_overImage;
-    Toolkit::smart_ptr<ImageCtrl> m_pressedImage;
-    Toolkit::smart_ptr<ImageCtrl> m_selectedButtonImage;
     uint32_t m_lastClickTime = 0;
 
     void onLeftDown(wxMouseEvent& e) { OnLeftDown(e); }

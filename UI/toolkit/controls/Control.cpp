@@ -1,8 +1,5 @@
 #include "controls/Control.h"
 
-#include "factory/CtrlFactory.h"
-
-#include <list>
 
 namespace UIKit {
 
@@ -19,6 +16,8 @@ wxEND_EVENT_TABLE()
 Control::Control(wxWindow* parent, int id, const wxRect& bounds, long style)
     : wxWindow(parent, id, bounds.GetPosition(), bounds.GetSize(), style, wxEmptyString)
 {
+    if (auto* control = dynamic_cast<Control*>(parent))
+        m_resources = control->m_resources;
     Raise();
 }
 
@@ -39,10 +38,6 @@ Drawing::ContentAlignment Control::PositionToParent() const
 bool Control::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor)
 {
     m_descriptor = descriptor;
-    if (auto factory = CtrlFactory::Instance()) {
-        std::list<Control*> children;
-        factory->CreateControls(children, descriptor->GetControls(), this, -1);
-    }
     SetName(wxString(descriptor->GetName()));
     if (descriptor->GetBackColour().IsOk())
         m_backgroundColour = descriptor->GetBackColour();
@@ -87,7 +82,9 @@ void Control::SetControlSize(int x, int y, int width, int height)
 
 bool Control::Enable(bool enable)
 {
-    if (IsEnabled() == enable)
+    // The window's own flag: a child disabled inside a disabled container
+    // stays disabled when the container is enabled again.
+    if (IsThisEnabled() == enable)
         return false;
     const bool changed = wxWindow::Enable(enable);
     RefreshUpdate(true);

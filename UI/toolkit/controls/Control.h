@@ -1,8 +1,9 @@
 #pragma once
 // The base of every skinned window: it ties the window to the descriptor it
-// was built from, builds the child controls through the factory, and keeps
-// the small interaction state all controls redraw from (loaded, pointer
-// inside, selected, focused, label, background colour).
+// was built from and to the pack it reads images from, and keeps the small
+// interaction state all controls redraw from (loaded, pointer inside,
+// selected, focused, label, background colour). The factory builds its
+// children after loading it.
 #include "Toolkit/TString.h"
 #include "Toolkit/smart_ptr.h"
 #include "descriptors/BaseCtrlDescriptor.h"
@@ -13,6 +14,7 @@ namespace UIKit {
 
 class IDelegate;
 class IDataSource;
+class IResourceProvider;
 
 class Control : public wxWindow {
 public:
@@ -29,8 +31,8 @@ public:
     virtual const TString<wchar_t>& GetControlLabel() const { return m_label; }
     virtual void SetDelegate(IDelegate*) {}
     virtual void SetDataSource(IDataSource*) {}
-    // Keeps the descriptor, builds the children, takes name, colour and
-    // enabled state from it. Overrides call this first.
+    // Keeps the descriptor and takes name, colour and enabled state from it.
+    // Overrides call this first and keep their own descriptor type.
     virtual bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor);
     virtual bool AcceptsApplyDefaultFromKeyBoard() const { return true; }
     virtual void Select(bool select);
@@ -56,6 +58,11 @@ public:
     bool AcceptsFocus() const override { return true; }
     bool AcceptsFocusFromKeyboard() const override { return false; }
 
+    // The pack images are read from; a control built under another control
+    // starts with its parent's. Set before LoadDescriptor; not owned.
+    void SetResources(IResourceProvider* resources) { m_resources = resources; }
+    IResourceProvider* GetResources() const { return m_resources; }
+
     void SetBackgroundColor(const wxColour& colour);
     // Back to the descriptor's colour, or transparent when it has none.
     void ResetBackgroundColor();
@@ -65,6 +72,7 @@ public:
 
 protected:
     Toolkit::smart_ptr<BaseCtrlDescriptor> m_descriptor;
+    IResourceProvider* m_resources = nullptr;
     TString<wchar_t> m_label;
     wxColour m_backgroundColour;
     bool m_loaded = false;

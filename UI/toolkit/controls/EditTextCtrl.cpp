@@ -1,7 +1,8 @@
 #include "controls/EditTextCtrl.h"
 
 #include "controls/MyTextControl.h"
-#include "descriptors/EditTextCtrlDescriptor.h"
+
+#include <algorithm>
 
 namespace UIKit {
 
@@ -32,7 +33,8 @@ EditTextCtrl::EditTextCtrl(wxWindow* parent, int id, const wxRect& bounds) : Pan
 bool EditTextCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor)
 {
     PanelCtrl::LoadDescriptor(descriptor);
-    auto edit = descriptor.DynamicCast<EditTextCtrlDescriptor>();
+    m_edit = descriptor.DynamicCast<EditTextCtrlDescriptor>();
+    const auto& edit = m_edit;
     if (!edit)
         return true;
     m_multiline = edit->IsMultiline();
@@ -47,7 +49,7 @@ bool EditTextCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descrip
     if (!edit->HasBorder())
         style |= wxNO_BORDER;
     // The box is a child window: the control owns it from here on.
-    m_textBox = new MyTextControl(*this, edit->GetId(), edit->GetBounds().GetSize(), style);
+    m_textBox = new MyTextControl(*this, edit->GetId(), TextBoxArea(edit->GetBounds().GetSize(), *edit), style);
     m_font = edit->GetFont();
     if (m_font) {
         if (m_font->GetForeColour().IsOk())
@@ -62,8 +64,21 @@ bool EditTextCtrl::Show(bool show)
 {
     const bool result = wxWindow::Show(show);
     if (show && m_textBox)
-        m_textBox->ChangeValue(wxEmptyString);
+        m_textBox->SetValue(wxEmptyString);
     return result;
+}
+
+wxRect EditTextCtrl::TextBoxArea(const wxSize& size, const EditTextCtrlDescriptor& edit)
+{
+    int left = 4, top = 4, right = 4, bottom = 4;
+    if (edit.HasPadding()) {
+        const wxRect& padding = edit.GetPadding();
+        left = padding.x, top = padding.y, right = padding.width, bottom = padding.height;
+    } else if (const auto& image = edit.GetNormalImage(); image && image->IsOk() && image->GetMargin() != wxRect()) {
+        left = int(image->GetMarginLeft()), top = int(image->GetMarginTop());
+        right = int(image->GetMarginRight()), bottom = int(image->GetMarginBottom());
+    }
+    return wxRect(left, top, std::max(1, size.x - left - right), std::max(1, size.y - top - bottom));
 }
 
 const TString<wchar_t>& EditTextCtrl::GetControlLabel() const

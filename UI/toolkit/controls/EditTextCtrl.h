@@ -3,6 +3,7 @@
 // description (password, multi-line, read-only, border, alignment, font).
 // Focus changes and special keys of the box become the library's events.
 #include "controls/PanelCtrl.h"
+#include "descriptors/EditTextCtrlDescriptor.h"
 #include "descriptors/FontDescriptor.h"
 
 namespace UIKit {
@@ -23,7 +24,8 @@ public:
     virtual void OnEditTextKillFocus(wxCommandEvent& event);
     virtual void OnChar(wxKeyEvent& event);
 
-    // Showing an edit box always starts it empty.
+    // Showing an edit box always starts it empty, with a text-changed event
+    // so that whoever follows the text sees it emptied.
     bool Show(bool show = true) override;
     bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor) override;
     // The box's current text.
@@ -43,12 +45,17 @@ public:
     bool FilterAlphaNumeric(TString<wchar_t>& out);
 
     MyTextControl* GetTextBox() const { return m_textBox; }
+    // Where the native box sits: inside the padding, or inside the margins
+    // of the skin image, or 4 pixels in from the edges, so that the skin
+    // stays visible around the box.
+    static wxRect TextBoxArea(const wxSize& size, const EditTextCtrlDescriptor& edit);
 
 private:
     template <class Keep>
     bool filter(TString<wchar_t>& out, Keep keep);
     void notifyParent(wxEventType type);
 
+    Toolkit::smart_ptr<EditTextCtrlDescriptor> m_edit;
     MyTextControl* m_textBox = nullptr;
     bool m_multiline = false;
     bool m_readOnly = false;

@@ -3,6 +3,7 @@
 #include "descriptors/ImageDescriptor.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -180,11 +181,16 @@ wxImage ImageCtrl::RenderImage(const wxSize& size) const
     // transparent. Otherwise an opaque source covers the whole target, and
     // without an alpha channel its bitmap is many times cheaper to build.
     const bool gaps = m_left + m_right == unsigned(sw) || m_top + m_bottom == unsigned(sh);
-    wxImage target = !m_opaque || gaps ? CreateTransparentImage(tw, th) : wxImage(tw, th, false);
-    if (m_source.HasMask())
-        target.SetMaskColour(m_source.GetMaskRed(), m_source.GetMaskGreen(), m_source.GetMaskBlue());
     const bool shrinks = x.target[2] - x.target[1] < x.source[2] - x.source[1] ||
                          y.target[2] - y.target[1] < y.source[2] - y.source[1];
+    // Every pixel, alpha included, is written by the maps when there are no
+    // gaps, so a partly transparent source needs no cleared alpha first.
+    const bool writesEveryAlpha = !m_opaque && !gaps && !shrinks;
+    wxImage target = (m_opaque && !gaps) || writesEveryAlpha ? wxImage(tw, th, false) : CreateTransparentImage(tw, th);
+    if (writesEveryAlpha)
+        target.SetAlpha(static_cast<unsigned char*>(std::malloc(size_t(tw) * size_t(th))), false);
+    if (m_source.HasMask())
+        target.SetMaskColour(m_source.GetMaskRed(), m_source.GetMaskGreen(), m_source.GetMaskBlue());
     if (shrinks) {
         wxImage source = m_source;
         fillByPieces(source, x, y, target);

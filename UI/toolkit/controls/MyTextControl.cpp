@@ -10,8 +10,9 @@ wxBEGIN_EVENT_TABLE(MyTextControl, wxTextCtrl)
     EVT_CHAR(MyTextControl::OnChar)
 wxEND_EVENT_TABLE()
 
-MyTextControl::MyTextControl(EditTextCtrl& owner, int id, const wxSize& size, long style)
-    : wxTextCtrl(&owner, id, wxEmptyString, wxPoint(0, 0), size, style, wxDefaultValidator, wxTextCtrlNameStr),
+MyTextControl::MyTextControl(EditTextCtrl& owner, int id, const wxRect& area, long style)
+    : wxTextCtrl(&owner, id, wxEmptyString, area.GetPosition(), area.GetSize(), style, wxDefaultValidator,
+                 wxTextCtrlNameStr),
       m_owner(owner)
 {
     static const wxCursor beam(wxCURSOR_IBEAM);

@@ -9,7 +9,8 @@ class EditTextCtrl;
 
 class MyTextControl : public wxTextCtrl {
 public:
-    MyTextControl(EditTextCtrl& owner, int id, const wxSize& size, long style);
+    // Placed at `area` of the owner.
+    MyTextControl(EditTextCtrl& owner, int id, const wxRect& area, long style);
 
     void OnKillFocus(wxFocusEvent& event);
     void OnSetFocus(wxFocusEvent& event);

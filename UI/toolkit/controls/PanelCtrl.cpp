@@ -1,8 +1,7 @@
 #include "controls/PanelCtrl.h"
 
-#include "appearance/Appearance.h"
 #include "controls/ImageCtrl.h"
-#include "descriptors/PanelCtrlDescriptor.h"
+#include "xml/IResourceProvider.h"
 
 namespace UIKit {
 
@@ -48,36 +47,40 @@ PanelCtrl::PanelCtrl(wxWindow* parent, int id, const wxRect& bounds, long style)
 bool PanelCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor)
 {
     Control::LoadDescriptor(descriptor);
-    loadPanelImages(descriptor->GetBounds().GetSize());
+    m_panel = descriptor.DynamicCast<PanelCtrlDescriptor>();
+    loadImages(descriptor->GetBounds().GetSize());
     RestorePreviousCursor();
     return true;
 }
 
-void PanelCtrl::loadPanelImages(const wxSize& size)
+Toolkit::smart_ptr<ImageCtrl> PanelCtrl::imageAt(const ImagePtr& image, const wxSize& size) const
 {
-    auto panel = m_descriptor.DynamicCast<PanelCtrlDescriptor>();
-    auto appearance = Appearance::Instance();
-    if (!panel || !appearance)
+    return m_resources ? m_resources->ImageCtrlWithIdentifier(image, size) : Toolkit::smart_ptr<ImageCtrl>();
+}
+
+void PanelCtrl::loadImages(const wxSize& size)
+{
+    if (!m_panel)
         return;
-    m_normalImage = appearance->ImageCtrlWithIdentifier(panel->GetNormalImage(), size);
-    m_disabledImage = appearance->ImageCtrlWithIdentifier(panel->GetDisabledImage(), size);
-    m_selectedImage = appearance->ImageCtrlWithIdentifier(panel->GetSelectedImage(), size);
+    m_images.normal = imageAt(m_panel->GetNormalImage(), size);
+    m_images.disabled = imageAt(m_panel->GetDisabledImage(), size);
+    m_images.selected = imageAt(m_panel->GetSelectedImage(), size);
 }
 
 void PanelCtrl::OnSize(wxSizeEvent& event)
 {
-    loadPanelImages(GetSize());
+    loadImages(GetSize());
     Control::OnSize(event);
+}
+
+ImageCtrl* PanelCtrl::currentImage() const
+{
+    return m_images.Pick(IsEnabled(), IsSelected(), IsInside(), false);
 }
 
 void PanelCtrl::DrawCustom(wxDC& dc)
 {
-    ImageCtrl* image = m_normalImage.get();
-    if (!IsEnabled() && m_disabledImage)
-        image = m_disabledImage.get();
-    else if (IsSelected() && m_selectedImage)
-        image = m_selectedImage.get();
-    if (image)
+    if (ImageCtrl* image = currentImage())
         image->Draw(dc, wxPoint(0, 0));
 }
 

@@ -3,12 +3,12 @@
 // selected), keyboard events turned into library events, and the shared
 // hand and wait cursors. Buttons, lists and screens derive from it.
 #include "controls/SkinnedControl.h"
+#include "controls/StateImages.h"
+#include "descriptors/PanelCtrlDescriptor.h"
 
 #include <functional>
 
 namespace UIKit {
-
-class ImageCtrl;
 
 class PanelCtrl : public SkinnedControl {
 public:
@@ -41,14 +41,20 @@ public:
     void SetWaitCursor();
     void RestorePreviousCursor();
 
+    const StateImages& GetStateImages() const { return m_images; }
+
 protected:
-    // Asks the appearance for the three images at `size`.
-    void loadPanelImages(const wxSize& size);
+    // Asks the resources for the state images at `size`: the normal,
+    // disabled and selected images of a panel.
+    virtual void loadImages(const wxSize& size);
+    // One descriptor image rendered at `size`, or null.
+    Toolkit::smart_ptr<ImageCtrl> imageAt(const ImagePtr& image, const wxSize& size) const;
+    // The image for the control's state; buttons add the pressed state.
+    virtual ImageCtrl* currentImage() const;
     void postCommand(wxEventType type, int id, int integer = 0, long extra = 0);
 
-    Toolkit::smart_ptr<ImageCtrl> m_normalImage;
-    Toolkit::smart_ptr<ImageCtrl> m_disabledImage;
-    Toolkit::smart_ptr<ImageCtrl> m_selectedImage;
+    Toolkit::smart_ptr<PanelCtrlDescriptor> m_panel;
+    StateImages m_images;
     bool m_controlHeld = false;
     bool m_shiftHeld = false;
 

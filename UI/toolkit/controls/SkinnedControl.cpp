@@ -1,6 +1,5 @@
 #include "controls/SkinnedControl.h"
 
-#include "frames/FrameCtrl.h"
 #include "module/Util.h"
 
 #include <wx/dcbuffer.h>
@@ -73,11 +72,8 @@ void SkinnedControl::drawParentBackground(wxDC& dc)
     wxWindow* parent = GetParent();
     if (!parent)
         return;
-    const wxRect area(GetPosition(), GetSize());
-    if (auto* skinned = dynamic_cast<SkinnedControl*>(parent))
-        skinned->DrawBitmap(dc, area);
-    else if (auto* frame = dynamic_cast<FrameCtrl*>(parent))
-        frame->DrawBitmap(dc, area);
+    if (auto* source = dynamic_cast<IBackgroundSource*>(parent))
+        source->DrawBitmap(dc, wxRect(GetPosition(), GetSize()));
 }
 
 void SkinnedControl::DrawBitmap(wxDC& dc, const wxRect& area)
@@ -86,10 +82,7 @@ void SkinnedControl::DrawBitmap(wxDC& dc, const wxRect& area)
         CreateCustomBitmap();
         m_customBitmapValid = true;
     }
-    if (!m_customBitmap.IsOk())
-        return;
-    wxMemoryDC source(m_customBitmap);
-    dc.Blit(0, 0, area.width, area.height, &source, area.x, area.y, wxCOPY, false);
+    Blit(dc, m_customBitmap, area);
 }
 
 void SkinnedControl::DrawCachedBackgroundColor(wxDC& dc, wxColour& colour)

@@ -4,12 +4,13 @@
 // background colour, then draws its content. Each control caches its full
 // rendering in a bitmap, which its children copy their background from.
 #include "controls/Control.h"
+#include "controls/IBackgroundSource.h"
 
 #include <wx/bitmap.h>
 
 namespace UIKit {
 
-class SkinnedControl : public Control {
+class SkinnedControl : public Control, public IBackgroundSource {
 public:
     SkinnedControl(wxWindow* parent, int id, const wxRect& bounds, long style);
 
@@ -24,9 +25,9 @@ public:
 
     void RefreshUpdate(bool invalidate) override;
 
-    // Draws into `dc` at (0, 0) the part `area` (control coordinates) of
-    // this control's rendering; children call it for their background.
-    void DrawBitmap(wxDC& dc, const wxRect& area);
+    // Children call it for their background; renders the cache first when
+    // it is stale.
+    void DrawBitmap(wxDC& dc, const wxRect& area) override;
 
     bool IsCustomBitmapValid() const { return m_customBitmapValid; }
 

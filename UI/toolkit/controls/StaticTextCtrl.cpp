@@ -1,6 +1,6 @@
 #include "controls/StaticTextCtrl.h"
 
-#include "descriptors/StaticTextCtrlDescriptor.h"
+#include "controls/LabelPainter.h"
 #include "module/Util.h"
 
 #include <wx/dcclient.h>
@@ -20,9 +20,10 @@ StaticTextCtrl::StaticTextCtrl(wxWindow* parent, int id, const wxRect& bounds)
 bool StaticTextCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor)
 {
     PanelCtrl::LoadDescriptor(descriptor);
-    if (auto text = descriptor.DynamicCast<StaticTextCtrlDescriptor>()) {
-        SetControlLabel(text->GetLabel());
-        m_alignment = text->GetPlacement();
+    m_text = descriptor.DynamicCast<StaticTextCtrlDescriptor>();
+    if (m_text) {
+        SetControlLabel(m_text->GetLabel());
+        m_alignment = m_text->GetPlacement();
     }
     return true;
 }
@@ -32,17 +33,11 @@ void StaticTextCtrl::SetControlLabel(const TString<wchar_t>& text)
     if (text == m_rawText)
         return;
     m_rawText = text;
-    auto description = m_descriptor.DynamicCast<StaticTextCtrlDescriptor>();
-    if (!description)
+    if (!m_text)
         return;
-    const wxSize size = GetSize();
-    m_labelArea = wxRect(2, 2, size.x - 4, size.y - 4);
-    const wxRect& padding = description->GetPadding();
-    if (padding != wxRect())
-        m_labelArea = wxRect(padding.x, padding.y, size.x - 4 - padding.x - padding.width,
-                             size.y - 4 - padding.y - padding.height);
+    m_labelArea = LabelPainter::Area(GetSize(), m_text.get());
     wxClientDC dc(this);
-    Util::FormatLabelMultiline(dc, m_labelArea.GetSize(), description->GetFont(), text, m_label);
+    Util::FormatLabelMultiline(dc, m_labelArea.GetSize(), m_text->GetFont(), text, m_label);
     Refresh(true);
     Update();
 }
@@ -52,27 +47,19 @@ void StaticTextCtrl::SetWeight(FontDescriptor::FontWeight weight)
     if (int(weight) == m_weight)
         return;
     m_weight = weight;
-    auto description = m_descriptor.DynamicCast<StaticTextCtrlDescriptor>();
-    if (description && description->GetFont())
-        description->GetFont()->SetWeight(weight);
-    const TString<wchar_t> shown = m_label;
+    if (m_text && m_text->GetFont())
+        m_text->GetFont()->SetWeight(weight);
+    // Fitted again from the text as given, not from its shortened form.
+    const TString<wchar_t> text = m_rawText;
     m_rawText.clear();
-    SetControlLabel(shown);
+    SetControlLabel(text);
 }
 
 void StaticTextCtrl::DrawCustom(wxDC& dc)
 {
     PanelCtrl::DrawCustom(dc);
-    if (m_label.empty())
-        return;
-    if (auto description = m_descriptor.DynamicCast<StaticTextCtrlDescriptor>())
-        if (const auto& font = description->GetFont()) {
-            const wxColour& colour = IsEnabled() ? font->GetForeColour() : font->GetDisabledColour();
-            if (colour.IsOk())
-                dc.SetTextForeground(colour);
-            dc.SetFont(font->GetFont());
-        }
-    dc.DrawLabel(wxString(m_label), wxNullBitmap, m_labelArea, m_alignment, -1);
+    LabelPainter::Draw(dc, m_label, m_labelArea, m_alignment, m_text ? m_text->GetFont().get() : nullptr,
+                       IsEnabled());
 }
 
 void StaticTextCtrl::passToParent(wxEvent& event)

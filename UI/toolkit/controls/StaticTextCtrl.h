@@ -5,6 +5,7 @@
 // button).
 #include "controls/PanelCtrl.h"
 #include "descriptors/FontDescriptor.h"
+#include "descriptors/StaticTextCtrlDescriptor.h"
 
 namespace UIKit {
 
@@ -32,10 +33,12 @@ public:
 private:
     void passToParent(wxEvent& event);
 
+    Toolkit::smart_ptr<StaticTextCtrlDescriptor> m_text;
     TString<wchar_t> m_rawText;
     wxRect m_labelArea;
     int m_alignment = wxALIGN_CENTER;
-    int m_weight = 0;
+    // -1 until SetWeight is first called, so that any first weight applies.
+    int m_weight = -1;
 
     void onLeftDown(wxMouseEvent& e) { OnLeftDown(e); }
     void onLeftUp(wxMouseEvent& e) { OnLeftUp(e); }

@@ -1,6 +1,5 @@
 #include "descriptors/BaseCtrlDescriptor.h"
 
-#include "factory/CtrlFactory.h"
 #include "xml/XMLLoader.h"
 #include "xml/XMLNode.h"
 
@@ -23,10 +22,9 @@ BaseCtrlDescriptor::BaseCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node)
     m_foreColour = loader.ReadColor("Color", "fore");
     m_foreSelectedColour = loader.ReadColor("Color", "foreSelected");
     m_padding = loader.ReadRect("", "padding");
+    m_hasPadding = !loader.ReadString("", "padding").empty();
     m_parentPosition = Drawing::ParseContentAlignment(loader.ReadString("Style", "parent_position"),
                                                       Drawing::MiddleRight);
-    m_controls = childDescriptors(node, "Control");
-    m_templates = childDescriptors(node, "Template");
 }
 
 BaseCtrlDescriptor::BaseCtrlDescriptor(const Toolkit::smart_ptr<BaseCtrlDescriptor>& other)
@@ -34,19 +32,10 @@ BaseCtrlDescriptor::BaseCtrlDescriptor(const Toolkit::smart_ptr<BaseCtrlDescript
 {
 }
 
-DescriptorList BaseCtrlDescriptor::childDescriptors(const Toolkit::smart_ptr<XMLNode>& node,
-                                                    const char* elementName)
+void BaseCtrlDescriptor::attachChildren(DescriptorList controls, DescriptorList templates)
 {
-    DescriptorList out;
-    auto factory = CtrlFactory::Instance();
-    if (!factory)
-        return out;
-    std::vector<Toolkit::smart_ptr<XMLNode>> children;
-    XMLLoader(node).GetNodes(children, elementName);
-    for (const auto& child : children)
-        if (auto descriptor = factory->CreateDescriptor(child))
-            out.push_back(descriptor);
-    return out;
+    m_controls = std::move(controls);
+    m_templates = std::move(templates);
 }
 
 Toolkit::smart_ptr<BaseCtrlDescriptor> BaseCtrlDescriptor::GetFromList(const DescriptorList& list,

@@ -1,8 +1,10 @@
 #pragma once
 // The part of every control description that all controls share: identity,
 // geometry, flags, colours, placement in the parent, and the descriptors of
-// the child controls and templates declared inside it. Built once from XML
-// and never changed; shared through smart pointers.
+// the child controls and templates declared inside it. A constructor reads
+// the element's own values only; the factory, which knows the classes of
+// the children, builds the child descriptors and attaches them. Never
+// changed afterwards; shared through smart pointers.
 #include "Toolkit/TString.h"
 #include "Toolkit/smart_ptr.h"
 #include "descriptors/ContentAlignment.h"
@@ -16,6 +18,7 @@ namespace UIKit {
 
 class XMLNode;
 class BaseCtrlDescriptor;
+class CtrlFactory;
 using DescriptorList = std::vector<Toolkit::smart_ptr<BaseCtrlDescriptor>>;
 
 class BaseCtrlDescriptor {
@@ -48,7 +51,10 @@ public:
     const wxColour& GetBackAltColour() const { return m_backAltColour; }
     const wxColour& GetForeColour() const { return m_foreColour; }
     const wxColour& GetForeSelectedColour() const { return m_foreSelectedColour; }
+    // Left, top, right, bottom (in the rectangle's x, y, width, height).
     const wxRect& GetPadding() const { return m_padding; }
+    // The element gives a padding, possibly of zeros.
+    bool HasPadding() const { return m_hasPadding; }
     Drawing::ContentAlignment GetParentPosition() const { return m_parentPosition; }
     const DescriptorList& GetControls() const { return m_controls; }
     const DescriptorList& GetTemplates() const { return m_templates; }
@@ -57,7 +63,8 @@ protected:
     BaseCtrlDescriptor(const BaseCtrlDescriptor&) = default;
 
 private:
-    static DescriptorList childDescriptors(const Toolkit::smart_ptr<XMLNode>& node, const char* elementName);
+    friend class CtrlFactory;
+    void attachChildren(DescriptorList controls, DescriptorList templates);
 
     TString<wchar_t> m_class;
     TString<wchar_t> m_name;
@@ -73,6 +80,7 @@ private:
     wxColour m_foreColour;
     wxColour m_foreSelectedColour;
     wxRect m_padding;
+    bool m_hasPadding = false;
     Drawing::ContentAlignment m_parentPosition = Drawing::MiddleRight;
     DescriptorList m_controls;
     DescriptorList m_templates;

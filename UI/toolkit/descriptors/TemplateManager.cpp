@@ -1,21 +1,19 @@
 #include "descriptors/TemplateManager.h"
 
 #include "Toolkit/ILogger.h"
-#include "factory/CtrlFactory.h"
 #include "xml/XMLLoader.h"
 #include "xml/XMLNode.h"
 
 namespace UIKit {
 
-void TemplateManager::Load(Toolkit::smart_ptr<XMLNode> templates)
+void TemplateManager::Load(Toolkit::smart_ptr<XMLNode> templates, const IDescriptorBuilder& builder)
 {
-    auto factory = CtrlFactory::Instance();
-    if (!factory || !templates)
+    if (!templates)
         return;
     std::vector<Toolkit::smart_ptr<XMLNode>> controls;
     XMLLoader(templates).GetNodes(controls, "Control");
     for (const auto& control : controls)
-        if (auto descriptor = factory->CreateDescriptor(control))
+        if (auto descriptor = builder.CreateDescriptor(control))
             Add(descriptor);
 }
 

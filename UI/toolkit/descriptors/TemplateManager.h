@@ -4,6 +4,7 @@
 // name. A template is keyed by its "class" value; the first registration of
 // a key wins.
 #include "descriptors/BaseCtrlDescriptor.h"
+#include "descriptors/IDescriptorBuilder.h"
 #include "module/Singleton.h"
 
 #include <map>
@@ -12,8 +13,9 @@ namespace UIKit {
 
 class TemplateManager : public Singleton<TemplateManager> {
 public:
-    // Registers every "Control" child of a "Templates" element.
-    void Load(Toolkit::smart_ptr<XMLNode> templates);
+    // Registers every "Control" child of a "Templates" element, each built
+    // (with its children) by the builder, normally the control factory.
+    void Load(Toolkit::smart_ptr<XMLNode> templates, const IDescriptorBuilder& builder);
     // Registers one descriptor under its class; false (and logged) when the
     // key is taken.
     bool Add(const Toolkit::smart_ptr<BaseCtrlDescriptor>& descriptor);

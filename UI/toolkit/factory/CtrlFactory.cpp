@@ -1,14 +1,17 @@
 #include "factory/CtrlFactory.h"
 
-#include "controls/Control.h"
+#include "xml/XMLLoader.h"
 #include "xml/XMLNode.h"
 
 namespace UIKit {
 
 void CtrlFactory::AddGenerator(const TString<wchar_t>& name, GeneratorPtr generator)
 {
-    if (generator)
-        m_generators.emplace(name, std::move(generator));
+    if (!generator)
+        return;
+    if (!m_generators.emplace(name, std::move(generator)).second)
+        TK_LOG(Toolkit::LogError) << "The control class " << name
+                                    << " is already registered; the first registration is kept";
 }
 
 void CtrlFactory::RemoveGenerator(const TString<wchar_t>& name)
@@ -27,7 +30,37 @@ Toolkit::smart_ptr<BaseCtrlDescriptor> CtrlFactory::CreateDescriptor(Toolkit::sm
     if (!node)
         return {};
     auto generator = GetGenerator(node->GetClass());
-    return generator ? generator->CreateDescriptor(node) : Toolkit::smart_ptr<BaseCtrlDescriptor>();
+    if (!generator) {
+        node->Report(node->GetClass().empty()
+                         ? "control element without a class"
+                         : "unknown control class '" + Toolkit::UTF8::ToUTF8(node->GetClass()) + "'");
+        return {};
+    }
+    auto descriptor = generator->CreateDescriptor(node);
+    if (descriptor)
+        descriptor->attachChildren(childDescriptors(node, "Control"), childDescriptors(node, "Template"));
+    return descriptor;
+}
+
+DescriptorList CtrlFactory::childDescriptors(const Toolkit::smart_ptr<XMLNode>& node, const char* elementName) const
+{
+    DescriptorList out;
+    std::vector<Toolkit::smart_ptr<XMLNode>> children;
+    XMLLoader(node).GetNodes(children, elementName);
+    for (const auto& child : children)
+        if (auto descriptor = CreateDescriptor(child))
+            out.push_back(descriptor);
+    return out;
+}
+
+Toolkit::smart_ptr<BaseCtrlDescriptor> CtrlFactory::CreateDescriptorFromPack(const TString<wchar_t>& name) const
+{
+    // Descriptors copy what they read, so the document can go once the tree is built.
+    XMLLoader loader;
+    loader.SetResources(m_resources);
+    if (!loader.LoadFromAppearance(name))
+        return {};
+    return CreateDescriptor(loader.GetRootNode());
 }
 
 Control* CtrlFactory::CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor, wxWindow* parent,
@@ -35,14 +68,13 @@ Control* CtrlFactory::CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor> descr
 {
     if (!descriptor)
         return nullptr;
-    auto generator = GetGenerator(descriptor->GetClass());
-    return generator ? generator->CreateControl(descriptor, parent, id) : nullptr;
+    return CreateControl(GetGenerator(descriptor->GetClass()), descriptor, parent, id);
 }
 
 Control* CtrlFactory::CreateControl(GeneratorPtr generator, Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor,
                                     wxWindow* parent, int id) const
 {
-    return generator ? generator->CreateControl(descriptor, parent, id) : nullptr;
+    return generator ? generator->CreateControl(descriptor, parent, id, context()) : nullptr;
 }
 
 void CtrlFactory::CreateControls(std::list<Control*>& out, DescriptorList descriptors, wxWindow* parent,
@@ -54,9 +86,10 @@ void CtrlFactory::CreateControls(std::list<Control*>& out, DescriptorList descri
             out.push_back(control);
 }
 
-void CtrlFactory::discard(Control* control)
+void CtrlFactory::CreateChildren(wxWindow* parent, const BaseCtrlDescriptor& descriptor) const
 {
-    control->Destroy();
+    std::list<Control*> children;
+    CreateControls(children, descriptor.GetControls(), parent, -1);
 }
 
 } // namespace UIKit

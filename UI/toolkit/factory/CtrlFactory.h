@@ -1,39 +1,62 @@
 #pragma once
-// Turns skin elements into descriptors and descriptors into controls. It
-// knows no control class itself: hosts and plug-ins register one generator
-// per class name (the "class" attribute of an element).
+// Turns skin elements into descriptors and descriptors into controls, one
+// whole tree at a time: pack -> document -> descriptor tree -> control
+// tree. It knows no control class itself: hosts and plug-ins register one
+// generator per class name (the "class" attribute of an element). The
+// resources it is given are what the documents it loads and the controls it
+// builds read images and strings from.
 #include "Toolkit/ILogger.h"
+#include "Toolkit/UTF8.h"
 #include "descriptors/BaseCtrlDescriptor.h"
+#include "descriptors/IDescriptorBuilder.h"
 #include "descriptors/TemplateManager.h"
 #include "factory/ICtrlFactoryGenerator.h"
 #include "module/Singleton.h"
+#include "xml/ErrorSink.h"
 
 #include <list>
 #include <map>
+#include <string>
 
 class wxWindow;
 
 namespace UIKit {
 
-class CtrlFactory : public Singleton<CtrlFactory> {
+class IResourceProvider;
+
+class CtrlFactory : public Singleton<CtrlFactory>, public IDescriptorBuilder {
 public:
     using GeneratorPtr = Toolkit::smart_ptr<ICtrlFactoryGenerator>;
 
-    // Registers a generator; a name already taken keeps its first generator.
+    // Registers a generator; a name already taken keeps its first generator
+    // and the second registration is logged.
     void AddGenerator(const TString<wchar_t>& name, GeneratorPtr generator);
     void RemoveGenerator(const TString<wchar_t>& name);
     GeneratorPtr GetGenerator(const TString<wchar_t>& name) const;
 
-    // The descriptor of the element's class, or null when no generator
-    // knows the class.
-    Toolkit::smart_ptr<BaseCtrlDescriptor> CreateDescriptor(Toolkit::smart_ptr<XMLNode> node) const;
+    // The pack documents and controls read from; not owned.
+    void SetResources(IResourceProvider* resources) { m_resources = resources; }
+    IResourceProvider* GetResources() const { return m_resources; }
 
+    // The descriptor of the element's class with the descriptors of its
+    // "Control" and "Template" children attached, depth first; null when no
+    // generator knows the class. Unknown classes are reported with the
+    // element's file and line, and their elements left out.
+    Toolkit::smart_ptr<BaseCtrlDescriptor> CreateDescriptor(Toolkit::smart_ptr<XMLNode> node) const override;
+    // Reads the description file `name` of the resources and builds its
+    // descriptor tree; null (reported) when it cannot be read.
+    Toolkit::smart_ptr<BaseCtrlDescriptor> CreateDescriptorFromPack(const TString<wchar_t>& name) const;
+
+    // The control and, below it, the controls of its whole descriptor tree.
     Control* CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor, wxWindow* parent, int id) const;
     Control* CreateControl(GeneratorPtr generator, Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor,
                            wxWindow* parent, int id) const;
     // Builds every descriptor's control under `parent`; those that cannot be
     // built are left out.
     void CreateControls(std::list<Control*>& out, DescriptorList descriptors, wxWindow* parent, int id) const;
+    // Builds the controls of the descriptor's children under `parent`: what
+    // a loaded control or frame gets as its children.
+    void CreateChildren(wxWindow* parent, const BaseCtrlDescriptor& descriptor) const;
 
     // Builds the template registered under `name` as a T; null (and the
     // control destroyed) when the template's class does not make a T.
@@ -41,10 +64,17 @@ public:
     T* CreateControl(const TString<wchar_t>& name, wxWindow* parent, int id) const;
 
 private:
+    DescriptorList childDescriptors(const Toolkit::smart_ptr<XMLNode>& node, const char* elementName) const;
+    ControlContext context() const { return ControlContext{m_resources, this}; }
     // Destroys a control that was built but is not handed out.
-    static void discard(Control* control);
+    template <class W>
+    static void discard(W* window)
+    {
+        window->Destroy();
+    }
 
     std::map<TString<wchar_t>, GeneratorPtr> m_generators;
+    IResourceProvider* m_resources = nullptr;
 };
 
 template <class T>
@@ -55,9 +85,10 @@ T* CtrlFactory::CreateControl(const TString<wchar_t>& name, wxWindow* parent, in
     if (!descriptor) {
         Toolkit::LogStream(Toolkit::LogInfo, __FILE__, __LINE__, "CreateControl")
             << " => Missing Interface Descriptor '" << name << "' !";
+        ErrorSink::Report(std::string(), 0, "undefined template '" + Toolkit::UTF8::ToUTF8(name) + "'");
         return nullptr;
     }
-    Control* control = CreateControl(descriptor, parent, id);
+    auto* control = CreateControl(descriptor, parent, id);
     T* typed = dynamic_cast<T*>(control);
     if (control && !typed)
         discard(control);

@@ -10,13 +10,33 @@ namespace UIKit {
 
 class BaseCtrlDescriptor;
 class Control;
+class CtrlFactory;
+class IResourceProvider;
 class XMLNode;
+
+// What the factory hands a generator along with the descriptor: the pack
+// the control reads its images from, and the factory that builds the
+// control's children once the control is loaded.
+struct ControlContext {
+    IResourceProvider* resources = nullptr;
+    const CtrlFactory* factory = nullptr;
+};
 
 class ICtrlFactoryGenerator {
 public:
     virtual ~ICtrlFactoryGenerator() = default;
+    // The element's own descriptor; the factory attaches the children.
     virtual Toolkit::smart_ptr<BaseCtrlDescriptor> CreateDescriptor(Toolkit::smart_ptr<XMLNode> node) = 0;
+    // The control alone, loaded from the descriptor without resources.
     virtual Control* CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor, wxWindow* parent, int id) = 0;
+    // What the factory calls: the control loaded with the context's
+    // resources, then its children built by the context's factory. A
+    // generator that only knows CreateControl gets a control without them.
+    virtual Control* CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor, wxWindow* parent, int id,
+                                   const ControlContext&)
+    {
+        return CreateControl(descriptor, parent, id);
+    }
 };
 
 } // namespace UIKit

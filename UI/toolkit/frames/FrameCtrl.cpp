@@ -6,10 +6,7 @@
 #include "factory/CtrlFactory.h"
 
 #include <wx/dcbuffer.h>
-#include <wx/dcmemory.h>
 #include <wx/utils.h>
-
-#include <list>
 
 namespace UIKit {
 
@@ -27,6 +24,11 @@ FrameCtrl::FrameCtrl(wxWindow* parent, const TString<wchar_t>& title, int id, co
 
 bool FrameCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor)
 {
+    return LoadDescriptor(descriptor, CtrlFactory::Instance().get());
+}
+
+bool FrameCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor, const CtrlFactory* factory)
+{
     m_descriptor = descriptor;
     const wxSize size = descriptor->GetBounds().GetSize();
     // The frame's own background is not shared through the appearance cache:
@@ -35,18 +37,17 @@ bool FrameCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor
         if (panel->GetNormalImage() && panel->GetNormalImage()->IsOk())
             m_background = Toolkit::make_smart<ImageCtrl>(panel->GetNormalImage(), size);
 
-    if (auto factory = CtrlFactory::Instance()) {
-        std::list<Control*> children;
-        factory->CreateControls(children, descriptor->GetControls(), this, -1);
-    }
+    if (factory)
+        factory->CreateChildren(this, *descriptor);
     if (auto frame = descriptor.DynamicCast<FrameCtrlDescriptor>())
         SetMovable(frame->IsMovable());
 
     SetSize(ClientToWindowSize(size));
     Centre(wxBOTH);
-    if (descriptor->GetMinSize() != wxSize(-1, -1))
+    // A size the description does not give reads as (0, 0): no limit.
+    if (descriptor->GetMinSize() != wxSize(0, 0))
         SetMinSize(descriptor->GetMinSize());
-    if (descriptor->GetMaxSize() != wxSize(-1, -1))
+    if (descriptor->GetMaxSize() != wxSize(0, 0))
         SetMaxSize(descriptor->GetMaxSize());
     cutShape();
     return true;
@@ -93,11 +94,8 @@ void FrameCtrl::OnSize(wxSizeEvent&)
 
 void FrameCtrl::DrawBitmap(wxDC& dc, const wxRect& area)
 {
-    if (!m_background || !m_background->GetBitmap().IsOk())
-        return;
-    wxMemoryDC source;
-    source.SelectObjectAsSource(m_background->GetBitmap());
-    dc.Blit(0, 0, area.width, area.height, &source, area.x, area.y, wxCOPY, false);
+    if (m_background)
+        Blit(dc, m_background->GetBitmap(), area);
 }
 
 bool FrameCtrl::Show(bool show)

@@ -2,18 +2,24 @@
 // A skinned frame built from a frame description: its background image is
 // also its shape, its children come from the factory, and skinned controls
 // placed directly in it copy their background from it.
+#include "controls/IBackgroundSource.h"
 #include "descriptors/BaseCtrlDescriptor.h"
 #include "frames/wxSkinFrameBase.h"
 
 namespace UIKit {
 
+class CtrlFactory;
 class ImageCtrl;
 
-class FrameCtrl : public wxSkinFrameBase {
+class FrameCtrl : public wxSkinFrameBase, public IBackgroundSource {
 public:
     FrameCtrl(wxWindow* parent, const TString<wchar_t>& title, int id, const wxRect& bounds, long style);
 
+    // Takes background, shape, size limits and the children from the
+    // description; the children are built by the process's factory, or by
+    // the one given.
     virtual bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor);
+    bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor, const CtrlFactory* factory);
     // Draws what derived frames add over the background.
     virtual void DrawCustom(wxDC&) {}
     virtual void OnPaint(wxPaintEvent& event);
@@ -23,7 +29,7 @@ public:
     // Re-cuts the outline from the background at the current client size.
     bool CreateShape();
     // Draws into `dc` at (0, 0) the part `area` of the background.
-    void DrawBitmap(wxDC& dc, const wxRect& area);
+    void DrawBitmap(wxDC& dc, const wxRect& area) override;
     bool Show(bool show = true) override;
 
     // The application-wide wait cursor; only the main thread may change it.

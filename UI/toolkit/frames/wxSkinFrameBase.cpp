@@ -45,16 +45,31 @@ void wxSkinFrameBase::giveBackWindowManagerFunctions(long style)
     if (!widget || !gtk_widget_get_realized(widget))
         gtk_widget_realize(widget);
     GdkWindow* window = widget ? gtk_widget_get_window(widget) : nullptr;
-    if (!window)
-        return;
-    int functions = GDK_FUNC_MOVE | GDK_FUNC_RESIZE;
+    if (window)
+        gdk_window_set_functions(window, GdkWMFunction(WindowManagerFunctions(style)));
+}
+
+int wxSkinFrameBase::WindowManagerFunctions(long style)
+{
+    // Only a frame with a resize border may be resized by the window manager.
+    int functions = GDK_FUNC_MOVE;
+    if (style & wxRESIZE_BORDER)
+        functions |= GDK_FUNC_RESIZE;
     if (style & wxMINIMIZE_BOX)
         functions |= GDK_FUNC_MINIMIZE;
     if (style & wxMAXIMIZE_BOX)
         functions |= GDK_FUNC_MAXIMIZE;
     if (style & wxCLOSE_BOX)
         functions |= GDK_FUNC_CLOSE;
-    gdk_window_set_functions(window, GdkWMFunction(functions));
+    return functions;
+}
+
+wxPoint wxSkinFrameBase::framePoint(const wxMouseEvent& event) const
+{
+    const auto* source = wxDynamicCast(event.GetEventObject(), wxWindow);
+    if (!source || source == this)
+        return event.GetPosition();
+    return ScreenToClient(source->ClientToScreen(event.GetPosition()));
 }
 
 void wxSkinFrameBase::setIconFromTheme()
@@ -118,15 +133,16 @@ void wxSkinFrameBase::updateCornerFlags(const wxPoint& p)
 
 void wxSkinFrameBase::OnLeftDown(wxMouseEvent& event)
 {
+    const wxPoint point = framePoint(event);
     if (m_movable) {
         CaptureMouse();
-        m_dragOffset = ClientToScreen(event.GetPosition()) - GetPosition();
+        m_dragOffset = ClientToScreen(point) - GetPosition();
     }
     if (m_resizable) {
-        m_pressPosition = event.GetPosition();
+        m_pressPosition = point;
         m_windowPositionAtPress = GetScreenPosition();
         m_windowSizeAtPress = GetSize();
-        updateCornerFlags(event.GetPosition());
+        updateCornerFlags(point);
         if (bNO || bNE || bSO || bSE)
             m_dragMode = Resizing;
     }
@@ -134,8 +150,9 @@ void wxSkinFrameBase::OnLeftDown(wxMouseEvent& event)
 
 void wxSkinFrameBase::OnMouseMove(wxMouseEvent& event)
 {
+    const wxPoint point = framePoint(event);
     if (m_resizable && !event.ButtonIsDown(wxMOUSE_BTN_ANY))
-        updateCornerFlags(event.GetPosition());
+        updateCornerFlags(point);
     if (bSE && (m_resizable || m_dragMode == Resizing))
         SetCursor(wxCursor(wxCURSOR_SIZENWSE));
     else if (!bNE && !bSO)
@@ -145,10 +162,9 @@ void wxSkinFrameBase::OnMouseMove(wxMouseEvent& event)
         return;
     if (m_dragMode == Resizing) {
         if (bSE)
-            SetSize(m_windowSizeAtPress + wxSize(event.GetPosition().x - m_pressPosition.x,
-                                                 event.GetPosition().y - m_pressPosition.y));
+            SetSize(m_windowSizeAtPress + wxSize(point.x - m_pressPosition.x, point.y - m_pressPosition.y));
     } else {
-        Move(ClientToScreen(event.GetPosition()) - m_dragOffset);
+        Move(ClientToScreen(point) - m_dragOffset);
     }
 }
 

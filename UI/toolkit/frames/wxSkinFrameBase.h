@@ -19,6 +19,8 @@ public:
     void SetMovable(bool movable) { m_movable = movable; }
     void SetStartReduced(bool reduced) { m_startReduced = reduced; }
     void SetResizable(bool resizable) { m_resizable = resizable; }
+    // The window-manager functions the frame's style grants (GDK_FUNC_* bits).
+    static int WindowManagerFunctions(long style);
     bool IsMovable() const { return m_movable; }
     bool IsStartReduced() const { return m_startReduced; }
     bool IsResizable() const { return m_resizable; }
@@ -43,6 +45,9 @@ private:
     static constexpr int kCorner = 15;
 
     void giveBackWindowManagerFunctions(long style);
+    // The event's point in this frame's client coordinates, whichever
+    // window (a label forwarding its events, say) the event came from.
+    wxPoint framePoint(const wxMouseEvent& event) const;
     void setIconFromTheme();
     void updateCornerFlags(const wxPoint& client);
 

@@ -7,10 +7,14 @@
 // Every reader takes a child path ("Color", "StateImage/ImageActive"; empty
 // for the loader's own element) and an attribute name (empty for the
 // element's text). A missing child, attribute or value reads as empty text,
-// which gives the reader's default. Not thread-safe.
+// which gives the reader's default. A value that is there but cannot be
+// read, an image the pack lacks and a string key the table lacks are
+// reported to the ErrorSink with the document's file name and the element's
+// line. Not thread-safe.
 #include "Toolkit/TString.h"
 #include "Toolkit/smart_ptr.h"
 #include "xml/Padding.h"
+#include "xml/XMLNode.h"
 #include "xml/XmlTypes.h"
 
 #include <wx/colour.h>
@@ -18,16 +22,17 @@
 #include <wx/image.h>
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace UIKit {
 
 class IResourceProvider;
-class XMLNode;
 
 class XMLLoader {
 public:
     XMLLoader();
+    // Borrows the node's element and reads through the node's origin.
     explicit XMLLoader(Toolkit::smart_ptr<XMLNode> node);
     virtual ~XMLLoader();
     XMLLoader(const XMLLoader&) = delete;
@@ -36,7 +41,8 @@ public:
     // Each load first drops the tree held so far, so a failed load leaves none.
     // Reads and parses a whole file; false (logged) when it is missing or empty.
     bool LoadFromFile(const TString<char>& path);
-    // Parses a description file of the active appearance pack.
+    // Parses the description file `name` of the loader's resources, and
+    // names the document "<name>.xml" in reports.
     bool LoadFromAppearance(const TString<wchar_t>& name);
     // Parses a document already in memory (up to its first NUL byte).
     bool LoadFromBytes(const char* bytes, size_t length);
@@ -63,7 +69,9 @@ public:
     Toolkit::smart_ptr<Padding> ReadPadding(const TString<char>& path, const TString<char>& attribute) const;
     // The pack's image named by the text; wxNullImage for empty text.
     wxImage ReadImage(const TString<char>& path, const TString<char>& attribute) const;
-    static wxImage LoadSkinImage(const TString<wchar_t>& name);
+    // The image of that name from the loader's resources (reported when
+    // they lack it); wxNullImage without resources.
+    wxImage LoadSkinImage(const TString<wchar_t>& name) const;
 
     // Every child matching the path (every child for an empty path).
     void GetNodes(std::vector<Toolkit::smart_ptr<XMLNode>>& nodes, const TString<char>& path) const;
@@ -73,16 +81,28 @@ public:
     Toolkit::smart_ptr<XMLNode> GetNode(const TString<char>& path, const TString<char>& attribute,
                                         const TString<char>& value) const;
 
-    // The source of descriptor files, images and labels; not owned. Without
-    // one, labels read as their key, images as wxNullImage, and
-    // LoadFromAppearance fails.
-    static void SetResourceProvider(IResourceProvider* provider);
-    static IResourceProvider* GetResourceProvider();
+    // The source of description files, images and labels, shared with the
+    // nodes made from this loader; not owned. Without one, labels read as
+    // their key, images as wxNullImage, and LoadFromAppearance fails.
+    void SetResources(IResourceProvider* resources) { m_origin->resources = resources; }
+    IResourceProvider* GetResources() const { return m_origin->resources; }
+    // The name problems of this document are reported under.
+    void SetFileName(const std::string& file);
+    const std::string& GetFileName() const { return m_origin->file; }
+    const Toolkit::smart_ptr<DocumentOrigin>& GetOrigin() const { return m_origin; }
+
+    // Reports a problem of the element at the path (the loader's own element
+    // for an empty path) as "file:line: message".
+    void Report(const TString<char>& path, const std::string& message) const;
 
 private:
     // The raw UTF-8 text that the path and attribute name point at, or null.
     const char* rawText(const TString<char>& path, const TString<char>& attribute) const;
-    size_t readList(const TString<char>& path, const TString<char>& attribute, int* values, size_t capacity) const;
+    // Reads `count` numbers; false when the value is absent or too short.
+    // A value that is there but not a list of numbers is reported.
+    bool readList(const TString<char>& path, const TString<char>& attribute, int* values, size_t count) const;
+    XML_NODE* elementAt(const TString<char>& path) const;
+    // Parses m_text; problems in it are reported under the origin's file name.
     bool parse();
     void release();
 
@@ -91,6 +111,7 @@ private:
     std::vector<char> m_text;
     XML_NODE* m_element = nullptr;
     bool m_borrowed = false;
+    Toolkit::smart_ptr<DocumentOrigin> m_origin;
 };
 
 } // namespace UIKit

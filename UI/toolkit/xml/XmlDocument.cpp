@@ -24,6 +24,7 @@ void XmlDocument::Reset()
     m_last = nullptr;
     m_stack.clear();
     m_closingTags.Reset();
+    SetSource(nullptr, 0);
 }
 
 const char* XmlDocument::SetText(const char* text, size_t length)
@@ -35,6 +36,63 @@ const char* XmlDocument::SetText(const char* text, size_t length)
     std::memcpy(m_text.get(), text, length);
     m_text[length] = '\0';
     return m_text.get();
+}
+
+void XmlDocument::SetSource(const char* text, size_t length)
+{
+    m_source = text;
+    m_sourceLength = length;
+    m_lineStarts.clear();
+    m_linesIndexed = false;
+    m_errorPositions.clear();
+}
+
+void XmlDocument::SetErrorHandler(XML_ERROR_HANDLER handler, void* context)
+{
+    m_errorHandler = handler;
+    m_errorContext = context;
+}
+
+void XmlDocument::ReportError(const char* pos, std::string cause)
+{
+    const auto offset = static_cast<size_t>(pos - m_source);
+    if (m_errorPositions.size() >= kMaxErrors ||
+        std::find(m_errorPositions.begin(), m_errorPositions.end(), offset) != m_errorPositions.end())
+        return;
+    m_errorPositions.push_back(offset);
+    // A problem found at the end of the text belongs to its last line.
+    const char* at = offset == m_sourceLength && offset > 0 ? pos - 1 : pos;
+    m_lastCause = std::move(cause);
+    m_lastError = XML_ERROR{m_name.empty() ? nullptr : m_name.c_str(), LineOf(at), m_lastCause.c_str()};
+    if (m_errorHandler)
+        m_errorHandler(m_lastError, m_errorContext);
+}
+
+uint32_t XmlDocument::LineOf(const char* pos)
+{
+    // Compared as integers: `pos` may come from another document's text.
+    const auto at = reinterpret_cast<std::uintptr_t>(pos);
+    const auto begin = reinterpret_cast<std::uintptr_t>(m_source);
+    if (!pos || !m_source || at < begin || at - begin >= m_sourceLength)
+        return 0;
+    if (!m_linesIndexed) {
+        indexLines();
+        m_linesIndexed = true;
+    }
+    const auto offset = static_cast<uint32_t>(at - begin);
+    const auto after = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), offset);
+    return static_cast<uint32_t>(after - m_lineStarts.begin()) + 1;
+}
+
+void XmlDocument::indexLines()
+{
+    // A line ends with LF, CR LF or a lone CR, as editors count them.
+    const char* text = m_source;
+    for (size_t i = 0; i < m_sourceLength; ++i) {
+        const char c = text[i];
+        if (c == '\n' || (c == '\r' && (i + 1 == m_sourceLength || text[i + 1] != '\n')))
+            m_lineStarts.push_back(static_cast<uint32_t>(i + 1));
+    }
 }
 
 void XmlDocument::nextChunk(size_t bytes)

@@ -8,7 +8,9 @@
 #include "xml/XmlTypes.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace UIKit {
@@ -25,6 +27,26 @@ public:
     // Replaces the text with a copy of `length` bytes followed by a NUL and
     // returns the copy.
     const char* SetText(const char* text, size_t length);
+    // Records where the parsed text lies (the copy, or the caller's buffer),
+    // so that positions in it can be turned into line numbers.
+    void SetSource(const char* text, size_t length);
+    // The 1-based line of `pos` in the parsed text, or 0 when `pos` is not in
+    // it. The first call after a parse indexes the line starts of the whole
+    // text; later calls only search that index.
+    uint32_t LineOf(const char* pos);
+
+    // The name that error records carry, and who hears of them; both are
+    // kept across parses.
+    void SetName(const char* name) { m_name = name ? name : ""; }
+    void SetErrorHandler(XML_ERROR_HANDLER handler, void* context);
+    // Records a problem found at `pos` of the parsed text and passes it to
+    // the handler: once per position, so that a problem met again (by a
+    // later parse of pending children, or by an enclosing construct that
+    // ends at the same place) is told once, and at most kMaxErrors times.
+    void ReportError(const char* pos, std::string cause);
+    // The latest problem recorded since the text was set, or null.
+    const XML_ERROR* LastError() const { return m_errorPositions.empty() ? nullptr : &m_lastError; }
+    static constexpr size_t kMaxErrors = 50;
 
     // Raw memory, aligned for any record; throws std::bad_alloc.
     void* Allocate(size_t bytes);
@@ -53,6 +75,7 @@ private:
     };
 
     void grow(void*& items, uint32_t& capacity, size_t itemSize);
+    void indexLines();
     void nextChunk(size_t bytes);
 
     std::unique_ptr<char[]> m_text;
@@ -63,6 +86,17 @@ private:
     char* m_last = nullptr;    // start of the latest allocation, which may grow in place
     std::vector<XML_NODE*> m_stack;
     XmlClosingTags m_closingTags;
+    const char* m_source = nullptr; // the parsed text, copied or borrowed
+    size_t m_sourceLength = 0;
+    // Offsets at which the second and later lines start; filled on demand.
+    std::vector<uint32_t> m_lineStarts;
+    bool m_linesIndexed = false;
+    std::string m_name;
+    XML_ERROR_HANDLER m_errorHandler = nullptr;
+    void* m_errorContext = nullptr;
+    std::vector<size_t> m_errorPositions; // offsets already reported
+    std::string m_lastCause;
+    XML_ERROR m_lastError{};
 };
 
 } // namespace UIKit

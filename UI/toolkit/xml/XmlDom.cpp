@@ -140,6 +140,7 @@ uint32_t setDocument(XML_NODE* element, const char* text, size_t length, XML_DOC
         element->ownsDocument = true;
         element->tag.name = document.CopyString("root", 4);
         const char* source = copy ? document.SetText(text, length) : text;
+        document.SetSource(source, length);
         XmlParser(document, lazy).ParseDocument(element, source, source + length);
         if (doctype)
             *doctype = element->doctype;
@@ -194,6 +195,35 @@ uint32_t node_set_doc_borrowed(XML_NODE* element, const char* text, size_t lengt
     return setDocument(element, text, length, doctype, lazy, false);
 }
 
+uint32_t node_set_doc_name(XML_NODE* element, const char* name)
+{
+    if (!element)
+        return XML_NULL_ARGUMENT;
+    if (!element->ownsDocument)
+        return XML_FAILURE;
+    try {
+        element->document->SetName(name);
+        return XML_OK;
+    } catch (const std::bad_alloc&) {
+        return XML_FAILURE;
+    }
+}
+
+uint32_t node_set_error_handler(XML_NODE* element, XML_ERROR_HANDLER handler, void* context)
+{
+    if (!element)
+        return XML_NULL_ARGUMENT;
+    if (!element->ownsDocument)
+        return XML_FAILURE;
+    element->document->SetErrorHandler(handler, context);
+    return XML_OK;
+}
+
+const XML_ERROR* node_last_error(const XML_NODE* element)
+{
+    return element ? element->document->LastError() : nullptr;
+}
+
 XML_NODE* node_find_first(XML_NODE* element, const char* path)
 {
     if (!element)
@@ -243,6 +273,17 @@ const char* node_value(XML_NODE* element)
 const char* node_name(const XML_NODE* element)
 {
     return element ? element->tag.name : nullptr;
+}
+
+uint32_t node_line(const XML_NODE* element)
+{
+    if (!element || !element->source)
+        return 0;
+    try {
+        return element->document->LineOf(element->source - 1); // the "<"
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
 }
 
 uint32_t node_destroy(XML_NODE* element)

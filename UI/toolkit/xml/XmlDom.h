@@ -33,6 +33,24 @@ uint32_t node_set_doc_n(XML_NODE* element, const char* text, size_t length, XML_
 uint32_t node_set_doc_borrowed(XML_NODE* element, const char* text, size_t length, XML_DOCTYPE** doctype,
                                bool lazy);
 
+// Problems in the text (a tag, comment, CDATA section or attribute value
+// that is not finished, an element that is not closed, a closing tag that
+// matches no open element, content after the top element, an attribute not
+// written name="value") do not stop a parse: what could be read stays in
+// the tree, and each problem is recorded with its line. In lazy mode the
+// problems inside pending children are found when they are parsed.
+//
+// Names the document in its error records (a file name, copied); kept
+// across parses. Only top elements hold a document.
+uint32_t node_set_doc_name(XML_NODE* element, const char* name);
+// Calls `handler` once for each problem of the document as it is found,
+// while parsing and later while pending children are parsed; kept across
+// parses. A null handler stops the calls.
+uint32_t node_set_error_handler(XML_NODE* element, XML_ERROR_HANDLER handler, void* context);
+// The latest problem found so far in the text of the element's document,
+// or null. Valid until the next problem is found or the text is replaced.
+const XML_ERROR* node_last_error(const XML_NODE* element);
+
 // The first child matching `path` ("name" or "name/name/..."; null matches
 // every child), or null.
 XML_NODE* node_find_first(XML_NODE* element, const char* path);
@@ -45,6 +63,12 @@ const char* node_attribute(const XML_NODE* element, const char* name);
 // The element's text or CDATA content, null when none.
 const char* node_value(XML_NODE* element);
 const char* node_name(const XML_NODE* element);
+// The 1-based line of the parsed text on which the element's start tag
+// begins (lines end with LF, CR LF or CR), counted from the start of the
+// document also for children parsed lazily; 0 for an element that was not
+// parsed from a text (a top element from node_create before any parse, or
+// an element built in memory).
+uint32_t node_line(const XML_NODE* element);
 
 // Frees a top element and its tree. An element inside a tree is taken out of
 // its parent; its memory goes with the tree's.

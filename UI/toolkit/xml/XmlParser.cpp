@@ -10,12 +10,22 @@ using namespace XmlScanner;
 
 namespace {
 
-// After the "/" of an empty element: the position after its ">", white
-// space skipped, whatever comes before that ">".
-const char* emptyElementEnd(const char* pos, const char* end, bool& selfClosing)
+// Whether a ">" lies in [from, end), given what AfterTagEnd(from, end) gave.
+bool foundTagEnd(const char* from, const char* after, const char* end)
 {
-    selfClosing = true;
-    return SkipBlanks(AfterTagEnd(pos, end), end);
+    return after < end || (end > from && end[-1] == '>');
+}
+
+const char* nameEnd(const char* pos, const char* end)
+{
+    while (pos < end && !EndsName(*pos))
+        ++pos;
+    return pos;
+}
+
+std::string closingTag(const char* name, const char* nameEnd)
+{
+    return "closing tag </" + std::string(name, nameEnd) + ">";
 }
 
 } // namespace
@@ -27,25 +37,34 @@ XmlParser::XmlParser(XmlDocument& document, bool lazy)
 
 void XmlParser::ParseDocument(XML_NODE* top, const char* pos, const char* end)
 {
-    // Before the top element: a declaration, DOCTYPE lines and comments.
+    // Before the top element: a declaration, DOCTYPE lines and comments;
+    // closing tags with nothing open are stepped over.
     pos = Find(pos, end, '<');
     while (pos < end) {
         const char next = At(pos, end, 1);
-        if (next == '?')
+        if (next == '?') {
             pos = Find(pos + 2, end, '<');
-        else if (StartsWith(pos, end, "<!--"))
-            pos = Find(SkipComment(pos, end), end, '<');
-        else if (next == '!')
+        } else if (StartsWith(pos, end, "<!--")) {
+            pos = Find(skipComment(pos, end), end, '<');
+        } else if (next == '!') {
             pos = Find(parseDocType(top, pos, end), end, '<');
-        else
+        } else if (next == '/') {
+            report(pos, closingTag(pos + 2, nameEnd(pos + 2, end)) + " matches no open element");
+            pos = Find(AfterTagEnd(pos, end), end, '<');
+        } else {
             break;
+        }
     }
-    if (pos >= end)
+    if (pos >= end) {
+        report(end, "no element in the text");
         return;
+    }
     bool selfClosing = false;
     pos = parseStartTag(top, pos, end, selfClosing);
-    if (selfClosing)
+    if (selfClosing) {
+        checkAfterTop(pos, end);
         return;
+    }
     m_expanding = nullptr;
     m_stack.clear();
     m_stack.push_back(top);
@@ -105,25 +124,26 @@ const char* XmlParser::parseStartTag(XML_NODE* element, const char* pos, const c
 {
     selfClosing = false;
     const char* name = pos + 1;
-    const char* p = name;
-    while (p < end && !EndsName(*p))
-        ++p;
+    const char* p = nameEnd(name, end);
     element->source = name;
     element->tag.name = m_document.CopyString(name, static_cast<size_t>(p - name));
-    if (p >= end)
-        return p;
-    if (*p == '>')
-        return p + 1;
-    if (*p == '/')
-        return emptyElementEnd(p + 1, end, selfClosing);
-    for (++p;;) {
+    if (p == name && p < end)
+        report(pos, "element without a name");
+    for (;;) {
         p = SkipBlanks(p, end);
-        if (p >= end)
+        if (p >= end) {
+            report(end, "start tag " + describe(element) + " is not finished");
             return p;
+        }
         if (*p == '>')
             return p + 1;
-        if (*p == '/')
-            return emptyElementEnd(p + 1, end, selfClosing);
+        if (*p == '/') {
+            selfClosing = true;
+            const char* after = AfterTagEnd(p + 1, end);
+            if (!foundTagEnd(p + 1, after, end))
+                report(end, "start tag " + describe(element) + " is not finished");
+            return SkipBlanks(after, end);
+        }
         p = parseAttribute(element, p, end);
     }
 }
@@ -137,11 +157,17 @@ const char* XmlParser::parseAttribute(XML_NODE* element, const char* pos, const 
     const char* nameEnd = p;
     p = SkipBlanks(p, end);
     // Only name="value" is an attribute; a bare name, an unquoted or a
-    // single-quoted value is stepped over.
-    if (p >= end || *p != '=')
-        return p;
-    if (At(p, end, 1) != '"') {
-        ++p;
+    // single-quoted value, or one after blanks, is stepped over whole.
+    if (p >= end || *p != '=' || At(p, end, 1) != '"') {
+        const std::string written(name, nameEnd);
+        report(name, "attribute " + written + " is ignored: write " + written + "=\"value\"");
+        if (p >= end || *p != '=')
+            return p;
+        p = SkipBlanks(p + 1, end);
+        if (p < end && (*p == '"' || *p == '\'')) {
+            const char* close = Find(p + 1, end, *p);
+            return close < end ? close + 1 : close;
+        }
         while (p < end && !IsBlank(*p) && *p != '>' && *p != '/')
             ++p;
         return p;
@@ -149,6 +175,9 @@ const char* XmlParser::parseAttribute(XML_NODE* element, const char* pos, const 
     const char* raw = p + 2;
     const char* close = Find(raw, end, '"');
     XML_TAG attribute{m_document.CopyString(name, static_cast<size_t>(nameEnd - name)), nullptr, 0, false};
+    if (close == end)
+        report(end, "value of attribute " + std::string(attribute.name) + " in start tag " + describe(element) +
+                        " is not closed");
     if (close > raw) {
         attribute.value = static_cast<char*>(m_document.Allocate(static_cast<size_t>(close - raw) + 1));
         attribute.valueLength = tag_code_to_tag(attribute.value, raw, static_cast<uint32_t>(close - raw));
@@ -162,8 +191,14 @@ void XmlParser::parseContent(const char* pos, const char* end)
 {
     while (!m_stack.empty()) {
         pos = SkipBlanks(pos, end);
-        if (pos >= end)
-            return; // elements left open end with the text
+        if (pos >= end) {
+            // Elements left open end with the text; the innermost is told.
+            // A lazily kept content ends at its element's closing tag, so only
+            // elements opened inside it, or the top element, are left open.
+            if (m_stack.back() != m_expanding || !m_expanding->parent)
+                report(end, describe(m_stack.back()) + " is not closed");
+            return;
+        }
         XML_NODE* current = m_stack.back();
         if (*pos != '<') {
             pos = parseText(current, pos, end);
@@ -176,7 +211,7 @@ void XmlParser::parseContent(const char* pos, const char* end)
             if (StartsWith(pos, end, CDATA_IN))
                 pos = parseCData(current, pos, end);
             else if (StartsWith(pos, end, "<!--"))
-                pos = SkipComment(pos, end); // also right before a closing tag
+                pos = skipComment(pos, end); // also right before a closing tag
             else
                 pos = AfterTagEnd(pos, end);
         } else if (next == '?') {
@@ -204,6 +239,8 @@ const char* XmlParser::parseCData(XML_NODE* element, const char* pos, const char
 {
     const char* value = pos + CDATA_IN_LEN;
     const char* close = FindText(value, end, CDATA_OUT);
+    if (close == end)
+        report(end, "CDATA section opened on line " + std::to_string(lineOf(pos)) + " is not closed");
     const auto length = static_cast<uint32_t>(close - value);
     element->tag = XML_TAG{element->tag.name, m_document.CopyString(value, length), length, true};
     return close < end ? close + CDATA_OUT_LEN : close;
@@ -223,11 +260,11 @@ const char* XmlParser::parseChild(XML_NODE* parent, const char* pos, const char*
 
 const char* XmlParser::deferChildren(XML_NODE* element, const char* pos, const char* end)
 {
-    m_stack.pop_back();
     // Nothing after the top element is read, so its pending text can run to
     // the end of the document: its closing tag then ends the later parse, as
     // in an eager parse, and no scan is needed.
-    if (m_stack.empty() && !m_expanding) {
+    if (m_stack.size() == 1 && !m_expanding) {
+        m_stack.pop_back();
         element->pending = pos;
         element->pendingLength = static_cast<uint32_t>(end - pos);
         return end;
@@ -238,16 +275,80 @@ const char* XmlParser::deferChildren(XML_NODE* element, const char* pos, const c
         const char* name = element->tag.name;
         close = FindClosingTag(pos, end, name, std::strlen(name), learnt);
     }
+    if (close >= end) {
+        // It never closes: the rest of the text is its content, read now.
+        m_lazy = false;
+        return pos;
+    }
+    m_stack.pop_back();
     element->pending = pos;
     element->pendingLength = static_cast<uint32_t>(close - pos);
-    return close < end ? AfterTagEnd(close + 2, end) : close;
+    return AfterTagEnd(close + 2, end);
 }
 
 const char* XmlParser::closeElement(const char* pos, const char* end)
 {
-    // The name in a closing tag is not checked: it closes the innermost element.
-    m_stack.pop_back();
-    return AfterTagEnd(pos + 2, end);
+    const char* name = pos + 2;
+    const char* stop = nameEnd(name, end);
+    const char* after = AfterTagEnd(stop, end);
+    if (!foundTagEnd(stop, after, end))
+        report(end, closingTag(name, stop) + " is not finished");
+    size_t open = m_stack.size();
+    while (open > 0 && !NameAt(name, end, m_stack[open - 1]->tag.name, std::strlen(m_stack[open - 1]->tag.name)))
+        --open;
+    if (open == 0) {
+        report(pos, closingTag(name, stop) + " matches no open element");
+        return after;
+    }
+    // Elements left open inside are closed with it; the innermost is told,
+    // at the place where the end of a lazily kept content would tell it.
+    if (open < m_stack.size())
+        report(pos, describe(m_stack.back()) + " is not closed");
+    XML_NODE* closed = m_stack[open - 1];
+    m_stack.resize(open - 1);
+    return m_stack.empty() && !closed->parent ? checkAfterTop(after, end) : after;
+}
+
+const char* XmlParser::checkAfterTop(const char* pos, const char* end)
+{
+    for (;;) {
+        pos = SkipBlanks(pos, end);
+        if (pos >= end)
+            return end;
+        if (StartsWith(pos, end, "<!--")) {
+            pos = skipComment(pos, end);
+        } else if (StartsWith(pos, end, "<?")) {
+            pos = AfterTagEnd(pos, end);
+        } else {
+            report(pos, "content after the end of the top element");
+            return end;
+        }
+    }
+}
+
+const char* XmlParser::skipComment(const char* pos, const char* end)
+{
+    const char* after = SkipComment(pos, end);
+    if (after == end && (end - pos < 7 || std::memcmp(end - 3, "-->", 3) != 0))
+        report(end, "comment opened on line " + std::to_string(lineOf(pos)) + " is not closed");
+    return after;
+}
+
+void XmlParser::report(const char* pos, const std::string& cause)
+{
+    m_document.ReportError(pos, cause);
+}
+
+std::string XmlParser::describe(const XML_NODE* element)
+{
+    const std::string tag = "<" + std::string(element->tag.name) + ">";
+    const uint32_t line = element->source ? lineOf(element->source - 1) : 0;
+    return line ? tag + " opened on line " + std::to_string(line) : tag;
+}
+
+uint32_t XmlParser::lineOf(const char* pos)
+{
+    return m_document.LineOf(pos);
 }
 
 } // namespace UIKit

@@ -7,8 +7,14 @@
 // Element parsing is iterative (an explicit stack of open elements), so
 // documents nested ten thousand levels deep or more cost no call stack; in
 // lazy mode an element's children are kept as raw text until first needed.
+//
+// Malformed text is read as far as it goes and every problem is reported to
+// the document with its position; an element that never closes is parsed
+// at once rather than kept pending, so that a lazy and an eager parse find
+// the same problems at the same places.
 #include "xml/XmlTypes.h"
 
+#include <string>
 #include <vector>
 
 namespace UIKit {
@@ -39,11 +45,23 @@ private:
     // Keeps the rest of the element's content as pending text and returns
     // the position after its closing tag.
     const char* deferChildren(XML_NODE* element, const char* pos, const char* end);
+    // Closes the innermost open element of the closing tag's name; one that
+    // matches no open element is stepped over.
     const char* closeElement(const char* pos, const char* end);
+    // After the top element: only blanks, comments and processing
+    // instructions may follow. Returns end.
+    const char* checkAfterTop(const char* pos, const char* end);
+    // Position after the comment at pos, reporting one that never closes.
+    const char* skipComment(const char* pos, const char* end);
+
+    void report(const char* pos, const std::string& cause);
+    // "<name>", or "<name> opened on line N" when the line is known.
+    std::string describe(const XML_NODE* element);
+    uint32_t lineOf(const char* pos);
 
     XmlDocument& m_document;
     std::vector<XML_NODE*>& m_stack;
-    const bool m_lazy;
+    bool m_lazy; // cleared once an element is found that never closes
     XML_NODE* m_expanding = nullptr; // the element whose pending text is parsed
 };
 

@@ -50,6 +50,18 @@ struct XML_ARRAY {
     bool Empty() const { return count == 0; }
 };
 
+// A problem found in a document's text. The reader keeps going after one:
+// whatever could be read stays in the tree.
+struct XML_ERROR {
+    const char* file;  // the name given to the document, null when none
+    uint32_t line;     // 1-based line where it was found, 0 when unknown
+    const char* cause; // a short phrase, e.g. "comment opened on line 3 is not closed"
+};
+
+// Called once for each problem, as it is found; `context` is the pointer
+// given with the handler.
+using XML_ERROR_HANDLER = void (*)(const XML_ERROR& error, void* context);
+
 struct _XML_NODE {
     XML_TAG tag;                      // name and text
     XML_ARRAY<XML_TAG> attributes;    // in document order

@@ -18,7 +18,7 @@ protected:
         const std::string xml = "<Control class=\"ButtonCtrl\" bounds=\"0,0," + std::to_string(bounds.width) + "," +
                                 std::to_string(bounds.height) + "\"" + inner + "</Control>";
         auto* button = new ButtonCtrl(m_frame, id, bounds);
-        button->LoadDescriptor(Describe<ButtonCtrlDescriptor>(xml));
+        Load(button, Describe<ButtonCtrlDescriptor>(xml));
         button->Bind(wxEVT_BUTTON, [this](wxCommandEvent& e) {
             ++m_clicks;
             EXPECT_EQ(e.GetInt(), -1);
@@ -129,6 +129,8 @@ TEST_F(ButtonCtrlTest, LabelAreaFollowsThePadding)
     ButtonCtrl* padded = Button(R"( padding="10,5,10,5"><Label>OK</Label>)");
     EXPECT_EQ(padded->GetLabelArea(), wxRect(10, 5, 80, 20));
     EXPECT_EQ(padded->GetControlLabel(), L"OK");
+    ButtonCtrl* zero = Button(R"( padding="0,0,0,0"><Label>OK</Label>)");
+    EXPECT_EQ(zero->GetLabelArea(), wxRect(0, 0, 100, 30)) << "an explicit zero padding is a padding";
 
     ButtonCtrl* plain = Button("><Label>OK</Label>", ID_OK, wxRect(0, 0, 60, 20));
     EXPECT_EQ(plain->GetLabelArea(), wxRect(2, 2, 56, 16));

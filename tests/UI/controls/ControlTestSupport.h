@@ -1,19 +1,17 @@
 #pragma once
-// Shared by the control tests: a private appearance pack whose images are
-// solid colours (so a rendering tells which image was drawn), the appearance
-// loaded from it as the process-wide one, and a shown frame to hold the
-// controls.
-#include "../appearance/AppearanceTestSupport.h"
+// Shared by the control tests: a pack in memory whose images are solid
+// colours (so a rendering tells which image was drawn), and a shown frame to
+// hold the controls.
 #include "../descriptors/DescriptorTestSupport.h"
 
 #include "TestSupport.h"
-#include "appearance/Appearance.h"
 
 #include <gtest/gtest.h>
 
 #include <wx/dcmemory.h>
 #include <wx/frame.h>
 
+#include <cstring>
 #include <string>
 
 namespace controltest {
@@ -59,47 +57,36 @@ wxImage Render(const wxSize& size, Draw draw)
 
 class SkinnedTest : public testing::Test {
 protected:
-    SkinnedTest()
-        : m_appearancesEnv("UIKIT_APPEARANCES_DIR", (m_temp.Path() / "appearances").string()),
-          m_configEnv("UIKIT_CONFIG_DIR", (m_temp.Path() / "config").string())
-    {
-    }
     void SetUp() override
     {
-        const auto graphics = m_temp.Path() / "appearances" / "controls.ar" / "graphics";
-        std::filesystem::create_directories(graphics);
-        m_temp.Write("appearances/controls.ar/strings.en/main.rc",
-                     appearancetest::LanguageFile("en", "English", {"LB_OK \"OK\""}));
         for (const auto& s : c_swatches) {
             wxImage image(8, 8);
             image.SetRGB(wxRect(0, 0, 8, 8), s.colour.Red(), s.colour.Green(), s.colour.Blue());
-            ASSERT_TRUE(image.SaveFile((graphics / s.file).string(), wxBITMAP_TYPE_PNG));
+            m_resources.images[std::wstring(s.file, s.file + std::strlen(s.file))] = image;
         }
-        UIKit::Appearance::CmdLine_OptionCulture = L"en";
-        UIKit::Appearance::CreateInstance();
-        ASSERT_TRUE(UIKit::Appearance::Instance()->Init());
+        m_resources.strings["LB_OK"] = L"OK";
         m_frame = new wxFrame(nullptr, wxID_ANY, "controls", wxPoint(0, 0), wxSize(300, 200));
         m_frame->Show();
     }
-    void TearDown() override
-    {
-        delete m_frame;
-        UIKit::Appearance::ReleaseInstance();
-        UIKit::Appearance::CmdLine_OptionCulture.clear();
-    }
+    void TearDown() override { delete m_frame; }
 
     // A descriptor of class D parsed from the text; the parsed tree lives as
     // long as the fixture.
     template <class D>
     Toolkit::smart_ptr<D> Describe(const std::string& xml)
     {
-        m_documents.push_back(std::make_unique<descriptortest::Document>(xml));
+        m_documents.push_back(std::make_unique<descriptortest::Document>(xml, &m_resources));
         return m_documents.back()->Make<D>();
     }
+    // Loads the control as the factory would: with the pack's resources.
+    template <class C, class D>
+    bool Load(C* control, const Toolkit::smart_ptr<D>& descriptor)
+    {
+        control->SetResources(&m_resources);
+        return control->LoadDescriptor(descriptor);
+    }
 
-    testsupport::TempDir m_temp;
-    appearancetest::ScopedEnv m_appearancesEnv;
-    appearancetest::ScopedEnv m_configEnv;
+    descriptortest::FakeResources m_resources;
     wxFrame* m_frame = nullptr;
     std::vector<std::unique_ptr<descriptortest::Document>> m_documents;
 };

@@ -31,7 +31,7 @@ class TextCtrlTest : public controltest::SkinnedTest {};
 TEST_F(TextCtrlTest, StaticTextFitsItsLabelOncePerNewText)
 {
     auto* label = new CountingLabel(m_frame, wxID_ANY, wxRect(0, 0, 80, 60));
-    label->LoadDescriptor(Describe<StaticTextCtrlDescriptor>(
+    Load(label, Describe<StaticTextCtrlDescriptor>(
         R"(<Control class="StaticTextCtrl" bounds="0,0,80,60"><Font ptsize="10"/><Label>Hi</Label></Control>)"));
     EXPECT_EQ(label->GetControlLabel(), L"Hi");
     EXPECT_EQ(label->GetLabelArea(), wxRect(2, 2, 76, 56));
@@ -61,9 +61,9 @@ TEST_F(TextCtrlTest, ClickOnALabelReachesTheButtonUnderIt)
 {
     testsupport::FakeClock clock(10000);
     auto* button = new ButtonCtrl(m_frame, wxID_ANY, wxRect(0, 0, 100, 40));
-    button->LoadDescriptor(Describe<ButtonCtrlDescriptor>(R"(<Control class="ButtonCtrl" bounds="0,0,100,40"/>)"));
+    Load(button, Describe<ButtonCtrlDescriptor>(R"(<Control class="ButtonCtrl" bounds="0,0,100,40"/>)"));
     auto* label = new StaticTextCtrl(button, wxID_ANY, wxRect(10, 10, 80, 20));
-    label->LoadDescriptor(Describe<StaticTextCtrlDescriptor>(
+    Load(label, Describe<StaticTextCtrlDescriptor>(
         R"(<Control class="StaticTextCtrl" bounds="10,10,80,20"><Label>Go</Label></Control>)"));
     int clicks = 0;
     button->Bind(wxEVT_BUTTON, [&](wxCommandEvent&) { ++clicks; });
@@ -88,13 +88,13 @@ protected:
     EditTextCtrl* Edit(const std::string& style = "")
     {
         auto* edit = new EditTextCtrl(m_frame, wxID_ANY, wxRect(0, 0, 120, 24));
-        edit->LoadDescriptor(Describe<EditTextCtrlDescriptor>(
+        Load(edit, Describe<EditTextCtrlDescriptor>(
             R"(<Control class="EditTextCtrl" bounds="0,0,120,24">)" + style + "</Control>"));
         return edit;
     }
 };
 
-TEST_F(EditTextTest, ShowingTheBoxEmptiesIt)
+TEST_F(EditTextTest, ShowingTheBoxEmptiesItAndSaysSo)
 {
     EditTextCtrl* edit = Edit();
     ASSERT_NE(edit->GetTextBox(), nullptr);
@@ -102,11 +102,44 @@ TEST_F(EditTextTest, ShowingTheBoxEmptiesIt)
     EXPECT_EQ(edit->GetControlLabel(), L"secret");
     edit->Hide();
     EXPECT_EQ(edit->GetControlLabel(), L"secret") << "hiding keeps the text";
+    int changes = 0;
+    edit->GetTextBox()->Bind(wxEVT_TEXT, [&](wxCommandEvent&) { ++changes; });
     edit->Show();
     EXPECT_EQ(edit->GetControlLabel(), L"");
+    EXPECT_EQ(changes, 1) << "a screen following the text sees it emptied";
     edit->SetControlLabel(L"again");
     edit->Show();
     EXPECT_EQ(edit->GetControlLabel(), L"") << "every show starts empty";
+}
+
+TEST_F(EditTextTest, TheNativeBoxLeavesTheSkinVisibleAroundIt)
+{
+    const struct {
+        const char* description;
+        wxRect box;
+    } cases[] = {
+        {"", wxRect(4, 4, 112, 16)},
+        {R"(<Enabled margin="2,3,5,7">red.png</Enabled>)", wxRect(3, 2, 112, 15)},
+        {R"(<Enabled margin="2,3,5,7">red.png</Enabled>)", wxRect(1, 2, 116, 18)},
+    };
+    for (size_t i = 0; i < std::size(cases); ++i) {
+        // The last case adds an explicit padding, which wins over the margins.
+        const std::string padding = i == 2 ? R"( padding="1,2,3,4")" : "";
+        auto descriptor = Describe<EditTextCtrlDescriptor>(R"(<Control class="EditTextCtrl" bounds="0,0,120,24")" +
+                                                           padding + ">" + cases[i].description + "</Control>");
+        EXPECT_EQ(EditTextCtrl::TextBoxArea(wxSize(120, 24), *descriptor), cases[i].box) << i;
+    }
+}
+
+TEST_F(TextCtrlTest, FirstWeightChangeAppliesEvenToLight)
+{
+    auto* label = new StaticTextCtrl(m_frame, wxID_ANY, wxRect(0, 0, 80, 20));
+    Load(label, Describe<StaticTextCtrlDescriptor>(
+                    R"(<Control class="StaticTextCtrl" bounds="0,0,80,20"><Font weight="BOLD"/><Label>Hi</Label></Control>)"));
+    const auto font = label->GetDescriptor().DynamicCast<StaticTextCtrlDescriptor>()->GetFont();
+    label->SetWeight(FontDescriptor::Light);
+    EXPECT_EQ(font->GetWeight(), FontDescriptor::Light);
+    EXPECT_EQ(font->GetFont().GetWeight(), wxFONTWEIGHT_LIGHT);
 }
 
 TEST_F(EditTextTest, ReturnBecomesTheEnterEventAndIsNotTyped)

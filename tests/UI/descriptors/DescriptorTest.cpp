@@ -9,10 +9,10 @@
 #include "descriptors/StatesBoxCtrlDescriptor.h"
 #include "descriptors/WritableDataButtonCtrlDescriptor.h"
 #include "factory/CtrlGenerator.h"
-#include "xml/IResourceProvider.h"
 
 using namespace UIKit;
 using descriptortest::Document;
+using descriptortest::ErrorCapture;
 
 namespace {
 
@@ -46,7 +46,9 @@ TEST_F(DescriptorTest, BaseValuesPresentAbsentAndMalformed)
     EXPECT_FALSE(d->GetBackAltColour().IsOk());
     EXPECT_FALSE(d->GetForeSelectedColour().IsOk());
     EXPECT_EQ(d->GetPadding(), wxRect(4, 5, 6, 7));
+    EXPECT_TRUE(d->HasPadding());
     EXPECT_EQ(d->GetParentPosition(), Drawing::TopRight);
+    EXPECT_TRUE(d->GetControls().empty()) << "a constructor reads the element's own values only";
 
     const Document empty("<Control/>");
     auto e = empty.Make<BaseCtrlDescriptor>();
@@ -54,9 +56,16 @@ TEST_F(DescriptorTest, BaseValuesPresentAbsentAndMalformed)
     EXPECT_TRUE(e->IsVisible() && e->IsEnabled() && e->IsTab());
     EXPECT_EQ(e->GetBounds(), wxRect());
     EXPECT_EQ(e->GetParentPosition(), Drawing::MiddleRight);
+    EXPECT_FALSE(e->HasPadding());
+
+    const Document zero(R"(<Control padding="0,0,0,0"/>)");
+    EXPECT_TRUE(zero.Make<BaseCtrlDescriptor>()->HasPadding()) << "an explicit zero padding is a padding";
 
     const Document odd(R"(<Control id="id_ok" bounds="1,2,3"><Style parent_position="topleft"/></Control>)");
+    ErrorCapture errors;
     auto o = odd.Make<BaseCtrlDescriptor>();
+    EXPECT_EQ(errors.lines, (std::vector<std::string>{
+                                "test.xml:1: bad value '1,2,3' of attribute 'bounds': 4 numbers expected"}));
     EXPECT_EQ(o->GetId(), -1);
     EXPECT_EQ(o->GetBounds(), wxRect());
     EXPECT_EQ(o->GetParentPosition(), Drawing::MiddleLeft);
@@ -67,6 +76,7 @@ TEST_F(DescriptorTest, ChildrenAndTemplatesKeepOrderAndSkipUnknownClasses)
     const Document doc(R"(<Control class="Panel" name="root">
         <Control class="Button" name="a"/>
         <Control class="Unknown" name="skipped"/>
+        <Control name="no class"/>
         <Control class="Panel" name="b">
           <Control class="Panel" name="inner"><Template class="Panel" name="deep"/></Control>
           <Template class="Panel" name="shared"/>
@@ -74,7 +84,10 @@ TEST_F(DescriptorTest, ChildrenAndTemplatesKeepOrderAndSkipUnknownClasses)
         <Control class="Panel" name="a"/>
         <Template class="Panel" name="top"/>
       </Control>)");
+    ErrorCapture errors;
     auto root = Factory().CreateDescriptor(doc.Root());
+    EXPECT_EQ(errors.lines, (std::vector<std::string>{"test.xml:3: unknown control class 'Unknown'",
+                                                      "test.xml:4: control element without a class"}));
     ASSERT_TRUE(root.DynamicCast<PanelCtrlDescriptor>());
     ASSERT_EQ(root->GetControls().size(), 3u);
     EXPECT_EQ(root->GetControls()[0]->GetName(), L"a");
@@ -168,31 +181,22 @@ TEST_F(DescriptorTest, StatesBoxImagesOnlyWithExactlyOneStateImage)
 
 TEST_F(DescriptorTest, ProgressBarFramesAndStyle)
 {
-    class StripProvider : public IResourceProvider {
-    public:
-        bool ReadDescriptor(const TString<wchar_t>&, std::vector<unsigned char>&) override { return false; }
-        wxImage GetGraphic(const TString<wchar_t>& name) override
-        {
-            return name == L"strip.png" ? wxImage(500, 10) : wxImage();
-        }
-        const TString<wchar_t>& GetAddStr(const TString<char>&) override { return m_empty; }
-        TString<wchar_t> m_empty;
-    } provider;
-    auto* previous = XMLLoader::GetResourceProvider();
-    XMLLoader::SetResourceProvider(&provider);
+    descriptortest::FakeResources provider;
+    provider.images[L"strip.png"] = wxImage(500, 10);
     const Document animated(R"(<Control bounds="0,0,50,10"><AnimatedImages>none.png</AnimatedImages>
-        <Images>strip.png</Images></Control>)");
+        <Images>strip.png</Images></Control>)",
+                            &provider);
     auto bar = animated.Make<ProgressBarCtrlDescriptor>();
     EXPECT_EQ(bar->GetFrameCount(), 10);
     EXPECT_EQ(bar->GetProgressStyle(), ProgressBarCtrlDescriptor::Animation);
     EXPECT_EQ(bar->GetMaximum(), 100);
     EXPECT_EQ(bar->GetFrameDelay(), -1);
 
-    const Document plain(R"(<Control bounds="0,0,0,10"><Images>strip.png</Images><Style progressStyle="block"/></Control>)");
+    const Document plain(R"(<Control bounds="0,0,0,10"><Images>strip.png</Images><Style progressStyle="block"/></Control>)",
+                         &provider);
     auto block = plain.Make<ProgressBarCtrlDescriptor>();
     EXPECT_EQ(block->GetFrameCount(), 0) << "a zero-width bar has no frames";
     EXPECT_EQ(block->GetProgressStyle(), ProgressBarCtrlDescriptor::Block);
-    XMLLoader::SetResourceProvider(previous);
 }
 
 TEST_F(DescriptorTest, ScreenEventAndWritableButton)

@@ -2,6 +2,7 @@
 
 #include "TestSupport.h"
 #include "controls/Control.h"
+#include "controls/StandardControls.h"
 #include "descriptors/PanelCtrlDescriptor.h"
 #include "factory/CtrlGenerator.h"
 
@@ -9,6 +10,8 @@
 
 using namespace UIKit;
 using descriptortest::Document;
+using descriptortest::ErrorCapture;
+using descriptortest::FakeResources;
 
 namespace {
 
@@ -47,8 +50,10 @@ TEST_F(CtrlFactoryTest, FirstRegistrationWinsAndNamesAreCaseSensitive)
     auto g1 = CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make();
     auto g2 = CtrlGenerator<PanelCtrlDescriptor, FancyCtrl>::Make();
     Factory().AddGenerator(L"ButtonCtrl", g1);
+    testsupport::LogCapture log;
     Factory().AddGenerator(L"ButtonCtrl", g2);
     EXPECT_EQ(Factory().GetGenerator(L"ButtonCtrl").get(), g1.get());
+    EXPECT_TRUE(log.Contains(L"ButtonCtrl is already registered")) << "a second registration is logged";
     EXPECT_FALSE(Factory().GetGenerator(L"buttonctrl"));
     Factory().RemoveGenerator(L"ButtonCtrl");
     EXPECT_FALSE(Factory().GetGenerator(L"ButtonCtrl"));
@@ -94,7 +99,7 @@ TEST_F(CtrlFactoryTest, TemplatesBuildOnlyTheRequestedKind)
     Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
     Factory().AddGenerator(L"Fancy", CtrlGenerator<PanelCtrlDescriptor, FancyCtrl>::Make());
     const Document templates(R"(<Templates><Control class="Plain"/><Control class="Fancy"/></Templates>)");
-    TemplateManager::Instance()->Load(templates.Root());
+    TemplateManager::Instance()->Load(templates.Root(), Factory());
 
     EXPECT_NE(Factory().CreateControl<FancyCtrl>(L"Fancy", m_frame, -1), nullptr);
     EXPECT_NE(Factory().CreateControl<Control>(L"Plain", m_frame, -1), nullptr);
@@ -104,9 +109,10 @@ TEST_F(CtrlFactoryTest, TemplatesBuildOnlyTheRequestedKind)
     EXPECT_EQ(g_destroyed, 1);
 
     testsupport::LogCapture log;
+    ErrorCapture errors;
     EXPECT_EQ(Factory().CreateControl<Control>(L"Missing", m_frame, -1), nullptr);
     EXPECT_TRUE(log.Contains(L" => Missing Interface Descriptor 'Missing' !")) << log.Dump();
-    EXPECT_STREQ(log.Entries().back().function, "CreateControl");
+    EXPECT_EQ(errors.lines, (std::vector<std::string>{"undefined template 'Missing'"}));
 }
 
 TEST_F(CtrlFactoryTest, TemplateRegistryKeysByClassAndKeepsTheFirst)
@@ -118,14 +124,65 @@ TEST_F(CtrlFactoryTest, TemplateRegistryKeysByClassAndKeepsTheFirst)
         <Control name="nameless"/><Other class="Plain"/></Templates>)");
     const Document second(R"(<Templates><Control class="Plain" name="two"/></Templates>)");
     auto templates = TemplateManager::Instance();
-    templates->Load(first.Root());
-    templates->Load(second.Root());
+    templates->Load(first.Root(), Factory());
+    templates->Load(second.Root(), Factory());
     EXPECT_EQ(templates->Size(), 2u);
     EXPECT_EQ(templates->Get(L"Plain")->GetName(), L"one");
     EXPECT_TRUE(log.Contains(L"Template KEY[Plain] already exists in the templates map"));
     EXPECT_EQ(templates->Get(L"")->GetName(), L"nameless") << "an empty class is a key like any other";
     EXPECT_FALSE(templates->Get(L"plain"));
     EXPECT_TRUE(log.Contains(L"Template KEY[plain] does not exist in the templates map"));
+}
+
+TEST_F(CtrlFactoryTest, OnePathFromPackToControlTreeWithTheFactorysResources)
+{
+    FakeResources pack;
+    pack.documents[L"screen"] = R"(<Control class="Plain" name="root">
+        <Control class="Plain" name="row"><Control class="Plain" name="cell"/></Control>
+      </Control>)";
+    Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    Factory().SetResources(&pack);
+    auto descriptor = Factory().CreateDescriptorFromPack(L"screen");
+    ASSERT_TRUE(descriptor);
+    Control* root = Factory().CreateControl(descriptor, m_frame, -1);
+    ASSERT_NE(root, nullptr);
+    auto* cell = dynamic_cast<Control*>(wxWindow::FindWindowByName("cell", root));
+    ASSERT_NE(cell, nullptr) << "children are built below their loaded parent, depth first";
+    EXPECT_EQ(cell->GetParent()->GetName(), "row");
+    EXPECT_EQ(cell->GetResources(), &pack);
+    EXPECT_EQ(root->GetResources(), &pack);
+
+    ErrorCapture errors;
+    EXPECT_FALSE(Factory().CreateDescriptorFromPack(L"absent"));
+    EXPECT_EQ(errors.lines, (std::vector<std::string>{
+                                "absent.xml: the description cannot be read from the appearance pack"}));
+}
+
+TEST_F(CtrlFactoryTest, TruncatedDocumentIsReportedWithFileAndLineAndBuildsWhatItCan)
+{
+    FakeResources pack;
+    const std::string whole = "<Control class=\"Plain\" name=\"Dashboard\">\n"
+                              "  <Control class=\"Plain\" name=\"Title\"/>\n"
+                              "  <Control class=\"Plain\" name=\"Status\"/>\n"
+                              "  <Control class=\"Plain\" name=\"Connect\" bounds=\"1,2,3,4\"/>\n"
+                              "</Control>\n";
+    pack.documents[L"dashboard"] = whole.substr(0, whole.find("name=\"Connect\"") + 8);
+    Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    Factory().SetResources(&pack);
+    ErrorCapture errors;
+    auto descriptor = Factory().CreateDescriptorFromPack(L"dashboard");
+    ASSERT_FALSE(errors.lines.empty()) << "a truncated document is not silently half-built";
+    EXPECT_EQ(errors.lines.front().rfind("dashboard.xml:4: ", 0), 0u) << errors.lines.front();
+    ASSERT_TRUE(descriptor) << "what could be read is still built";
+    EXPECT_TRUE(descriptor->GetControl(L"Title"));
+    EXPECT_TRUE(descriptor->GetControl(L"Status"));
+}
+
+TEST_F(CtrlFactoryTest, StandardControlsAreRegisteredByOneCall)
+{
+    RegisterStandardControls(Factory());
+    for (const wchar_t* name : {L"FrameCtrl", L"PanelCtrl", L"ButtonCtrl", L"StaticTextCtrl", L"EditTextCtrl"})
+        EXPECT_TRUE(Factory().GetGenerator(name)) << name;
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "descriptors/FrameCtrlDescriptor.h"
 #include "factory/ControlIds.h"
 #include "frames/FrameCtrl.h"
-#include "xml/IResourceProvider.h"
 
 #include <gtest/gtest.h>
 
@@ -18,28 +17,6 @@
 using namespace UIKit;
 
 namespace {
-
-// Serves images made by the test to the XML reader.
-class Images : public IResourceProvider {
-public:
-    Images() : m_previous(XMLLoader::GetResourceProvider()) { XMLLoader::SetResourceProvider(this); }
-    ~Images() override { XMLLoader::SetResourceProvider(m_previous); }
-    bool ReadDescriptor(const TString<wchar_t>&, std::vector<unsigned char>&) override { return false; }
-    wxImage GetGraphic(const TString<wchar_t>& name) override
-    {
-        const auto found = m_images.find(name);
-        return found == m_images.end() ? wxNullImage : found->second;
-    }
-    const TString<wchar_t>& GetAddStr(const TString<char>& key) override
-    {
-        return m_strings[key] = TString<wchar_t>(key.begin(), key.end());
-    }
-    std::map<TString<wchar_t>, wxImage> m_images;
-
-private:
-    IResourceProvider* m_previous;
-    std::map<TString<char>, TString<wchar_t>> m_strings;
-};
 
 // White, with magenta squares of `corner` pixels in the four corners.
 wxImage cornered(int width, int height, int corner)
@@ -81,17 +58,18 @@ class FrameCtrlTest : public testing::Test {
 protected:
     TestFrame* Frame(const std::string& attributes, const wxSize& size = wxSize(40, 30))
     {
-        m_images.m_images[L"back.png"] = cornered(size.x, size.y, 3);
+        m_images.images[L"back.png"] = cornered(size.x, size.y, 3);
         m_document = std::make_unique<descriptortest::Document>(
             "<Control class=\"FrameCtrl\" bounds=\"0,0," + std::to_string(size.x) + "," + std::to_string(size.y) +
-            "\" " + attributes + "><BackgroundImage>back.png</BackgroundImage></Control>");
+                "\" " + attributes + "><BackgroundImage>back.png</BackgroundImage></Control>",
+            &m_images);
         m_frame = new TestFrame(size);
         m_frame->LoadDescriptor(m_document->Make<FrameCtrlDescriptor>());
         return m_frame;
     }
     void TearDown() override { delete m_frame; }
 
-    Images m_images;
+    descriptortest::FakeResources m_images;
     std::unique_ptr<descriptortest::Document> m_document;
     TestFrame* m_frame = nullptr;
 };
@@ -119,28 +97,60 @@ TEST_F(FrameCtrlTest, MagentaOfTheBackgroundIsCutFromTheWindowShape)
         EXPECT_EQ(frame->shape.Contains(p.at) == wxInRegion, p.inside) << p.at.x << "," << p.at.y;
 }
 
-TEST_F(FrameCtrlTest, OnlyAMovableFrameFollowsADrag)
+TEST_F(FrameCtrlTest, OnlyAMovableFrameFollowsADragFromItselfOrAChild)
 {
-    for (const bool movable : {false, true}) {
-        TestFrame* frame = Frame(movable ? "" : "movable=\"false\"");
-        ASSERT_EQ(frame->IsMovable(), movable);
-        frame->Show();
-        const wxPoint before = frame->GetPosition();
-        const auto send = [&](wxEventType type, int x, int y) {
-            wxMouseEvent event(type);
-            event.SetPosition(wxPoint(x, y));
-            event.SetLeftDown(type != wxEVT_LEFT_UP);
-            frame->GetEventHandler()->ProcessEvent(event);
-        };
-        send(wxEVT_LEFT_DOWN, 10, 10);
-        EXPECT_EQ(frame->HasCapture(), movable);
-        send(wxEVT_MOTION, 30, 25);
-        EXPECT_EQ(frame->GetPosition(), movable ? before + wxPoint(20, 15) : before) << "movable " << movable;
-        send(wxEVT_LEFT_UP, 30, 25);
-        EXPECT_FALSE(frame->HasCapture());
-        delete m_frame;
-        m_frame = nullptr;
-    }
+    // A label forwards its mouse events with its own coordinates: the frame
+    // must move by the pointer's travel, not jump by the label's offset.
+    for (const bool movable : {false, true})
+        for (const bool fromChild : {false, true}) {
+            TestFrame* frame = Frame(movable ? "" : "movable=\"false\"");
+            ASSERT_EQ(frame->IsMovable(), movable);
+            auto* label = new wxWindow(frame, wxID_ANY, wxPoint(12, 7), wxSize(10, 10));
+            frame->Show();
+            const wxPoint before = frame->GetPosition();
+            const auto send = [&](wxEventType type, int x, int y) {
+                wxMouseEvent event(type);
+                event.SetPosition(wxPoint(x, y));
+                event.SetLeftDown(type != wxEVT_LEFT_UP);
+                event.SetEventObject(fromChild ? label : static_cast<wxWindow*>(frame));
+                frame->GetEventHandler()->ProcessEvent(event);
+            };
+            send(wxEVT_LEFT_DOWN, 2, 2);
+            EXPECT_EQ(frame->HasCapture(), movable);
+            send(wxEVT_MOTION, 22, 17);
+            EXPECT_EQ(frame->GetPosition(), movable ? before + wxPoint(20, 15) : before)
+                << "movable " << movable << ", from child " << fromChild;
+            send(wxEVT_LEFT_UP, 22, 17);
+            EXPECT_FALSE(frame->HasCapture());
+            delete m_frame;
+            m_frame = nullptr;
+        }
+}
+
+TEST_F(FrameCtrlTest, SizeLimitsOnlyWhenDescribed)
+{
+    TestFrame* plain = Frame("");
+    EXPECT_EQ(plain->GetMinSize(), wxDefaultSize) << "an absent min_size reads as 0,0 and sets no limit";
+    EXPECT_EQ(plain->GetMaxSize(), wxDefaultSize);
+    delete m_frame;
+    TestFrame* limited = Frame("min_size=\"20,10\" max_size=\"400,300\"");
+    EXPECT_EQ(limited->GetMinSize(), wxSize(20, 10));
+    EXPECT_EQ(limited->GetMaxSize(), wxSize(400, 300));
+}
+
+TEST(SkinFrameTest, WindowManagerMayResizeOnlyAFrameWithAResizeBorder)
+{
+    const struct {
+        long style;
+        int functions;
+    } cases[] = {
+        {0, GDK_FUNC_MOVE},
+        {wxRESIZE_BORDER, GDK_FUNC_MOVE | GDK_FUNC_RESIZE},
+        {wxMINIMIZE_BOX | wxCLOSE_BOX, GDK_FUNC_MOVE | GDK_FUNC_MINIMIZE | GDK_FUNC_CLOSE},
+        {wxMAXIMIZE_BOX | wxRESIZE_BORDER, GDK_FUNC_MOVE | GDK_FUNC_MAXIMIZE | GDK_FUNC_RESIZE},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(wxSkinFrameBase::WindowManagerFunctions(c.style), c.functions) << c.style;
 }
 
 TEST_F(FrameCtrlTest, TitleButtonsMinimiseAndAskToClose)

@@ -1,8 +1,6 @@
 #include "TestSupport.h"
 
-#include "xml/IResourceProvider.h"
-#include "xml/XMLLoader.h"
-#include "xml/XMLNode.h"
+#include "../descriptors/DescriptorTestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -25,39 +23,12 @@ const std::string kDocument = R"(<Control class="UIKit::ButtonCtrl" name="Ok" Id
   <Image> button.png</Image>
 </Control>)";
 
-class FakeResources : public IResourceProvider {
-public:
-    bool ReadDescriptor(const TString<wchar_t>& name, std::vector<unsigned char>& bytes) override
-    {
-        const auto it = descriptors.find(name);
-        if (it == descriptors.end())
-            return false;
-        bytes.assign(it->second.begin(), it->second.end());
-        return true;
-    }
-    wxImage GetGraphic(const TString<wchar_t>& name) override
-    {
-        requested.push_back(name);
-        return wxImage(3, 2);
-    }
-    const TString<wchar_t>& GetAddStr(const TString<char>& key) override
-    {
-        return strings.emplace(key, L"<" + std::wstring(key.begin(), key.end()) + L">").first->second;
-    }
-
-    std::map<std::wstring, std::string> descriptors;
-    std::vector<std::wstring> requested;
-    std::map<std::string, TString<wchar_t>> strings;
-};
+using descriptortest::ErrorCapture;
+using descriptortest::FakeResources;
 
 class XMLLoaderTest : public testing::Test {
 protected:
-    void SetUp() override
-    {
-        XMLLoader::SetResourceProvider(nullptr);
-        ASSERT_TRUE(m_loader.LoadFromBytes(kDocument.data(), kDocument.size()));
-    }
-    void TearDown() override { XMLLoader::SetResourceProvider(nullptr); }
+    void SetUp() override { ASSERT_TRUE(m_loader.LoadFromBytes(kDocument.data(), kDocument.size())); }
 
     XMLLoader m_loader;
 };
@@ -115,26 +86,18 @@ TEST_F(XMLLoaderTest, ReadIdKnowsOnlyExactSymbolicNames)
     EXPECT_EQ(m_loader.ReadId("", "id"), 8020) << "attribute names ignore case";
 }
 
-TEST_F(XMLLoaderTest, ReadColorNeedsFourNumbersAndKeepsLowBytes)
+TEST_F(XMLLoaderTest, NumberListsNeedEnoughNumbersElseTheDefault)
 {
     EXPECT_EQ(m_loader.ReadColor("V", "c4"), wxColour(10, 20, 30, 40));
-    EXPECT_EQ(m_loader.ReadColor("V", "c300").Red(), 44);
+    EXPECT_EQ(m_loader.ReadColor("V", "c300").Red(), 44) << "each component keeps its low byte";
     EXPECT_EQ(m_loader.ReadColor("V", "cneg"), wxColour(255, 0, 0, 0));
     EXPECT_EQ(m_loader.ReadColor("V", "c5"), wxColour(1, 2, 3, 4)) << "surplus numbers ignored";
     EXPECT_EQ(m_loader.ReadColor("V", "cx"), wxColour(0, 0, 0, 0)) << "words read as 0";
     for (const char* notSet : {"c3", "missing", "two"})
         EXPECT_FALSE(m_loader.ReadColor("V", notSet).IsOk()) << notSet;
-    EXPECT_FALSE(m_loader.ReadColor("", "empty").IsOk());
-}
-
-TEST_F(XMLLoaderTest, SizesPointsAndRectanglesFallBackToZero)
-{
-    EXPECT_EQ(m_loader.ReadSize("V", "two"), wxSize(5, 6));
-    EXPECT_EQ(m_loader.ReadSize("V", "one1"), wxSize(0, 0));
     EXPECT_EQ(m_loader.ReadSize("V", "lead"), wxSize(7, 8)) << "leading separators count for nothing";
+    EXPECT_EQ(m_loader.ReadSize("V", "one1"), wxSize(0, 0));
     EXPECT_EQ(m_loader.ReadPoint("V", "two"), wxPoint(5, 6));
-    EXPECT_EQ(m_loader.ReadPoint("V", "missing"), wxPoint(0, 0));
-    EXPECT_EQ(m_loader.ReadRect("V", "rect"), wxRect(1, 2, 3, 4));
     EXPECT_EQ(m_loader.ReadRect("V", "c4"), wxRect(10, 20, 30, 40));
     EXPECT_EQ(m_loader.ReadRect("V", "c3"), wxRect(0, 0, 0, 0));
 }
@@ -158,20 +121,56 @@ TEST_F(XMLLoaderTest, PaddingsAreIndependentUnlessEmpty)
     EXPECT_EQ(none->GetLeft() | none->GetTop() | none->GetRight() | none->GetBottom(), 0);
 }
 
-TEST_F(XMLLoaderTest, LabelsAndImagesGoThroughTheResourceProvider)
+TEST_F(XMLLoaderTest, LabelsAndImagesGoThroughTheLoadersResources)
 {
-    EXPECT_EQ(m_loader.ReadLabel("Label", ""), L"IDS_OK") << "without a provider the key is the text";
+    EXPECT_EQ(m_loader.ReadLabel("Label", ""), L"IDS_OK") << "without resources the key is the text";
     EXPECT_FALSE(m_loader.ReadImage("Image", "").IsOk());
 
     FakeResources resources;
-    XMLLoader::SetResourceProvider(&resources);
-    EXPECT_EQ(XMLLoader::GetResourceProvider(), &resources);
+    resources.strings["IDS_OK"] = L"<IDS_OK>";
+    resources.images[L"button.png"] = wxImage(3, 2);
+    m_loader.SetResources(&resources);
+    ErrorCapture errors;
     EXPECT_EQ(m_loader.ReadLabel("Label", ""), L"<IDS_OK>");
     EXPECT_EQ(m_loader.ReadLabel("Missing", ""), L"");
     EXPECT_EQ(m_loader.ReadImage("Image", "").GetWidth(), 3);
     EXPECT_FALSE(m_loader.ReadImage("Missing", "").IsOk()) << "no name, no lookup";
-    EXPECT_EQ(XMLLoader::LoadSkinImage(L"x.png").GetHeight(), 2);
+    EXPECT_FALSE(m_loader.LoadSkinImage(L"x.png").IsOk());
     EXPECT_EQ(resources.requested, (std::vector<std::wstring>{L"button.png", L"x.png"}));
+    EXPECT_EQ(errors.lines, (std::vector<std::string>{"missing image 'x.png'"})) << "a document without a name";
+    // Nodes carry the loader's resources to whatever is built from them.
+    EXPECT_EQ(XMLLoader(m_loader.GetRootNode()).ReadLabel("Label", ""), L"<IDS_OK>");
+}
+
+TEST(XMLLoaderReportsTest, ProblemsNameTheFileAndTheElementsLine)
+{
+    const std::string text = "<Control class=\"A\" bounds=\"1,2,x,4\">\n"
+                             "  <Color back=\"red\" fore=\"1,2,3,4\"/>\n"
+                             "  <Label>LB_UNDEFINED</Label>\n"
+                             "  <Enabled>ghost.png</Enabled>\n"
+                             "  <Size min=\"5\" ok=\"5,6\"/>\n"
+                             "</Control>";
+    FakeResources resources;
+    XMLLoader loader;
+    loader.SetResources(&resources);
+    loader.SetFileName("screen.xml");
+    ASSERT_TRUE(loader.LoadFromBytes(text.data(), text.size()));
+    ErrorCapture errors;
+    EXPECT_EQ(loader.ReadRect("", "bounds"), wxRect(1, 2, 0, 4)) << "words read as 0";
+    EXPECT_FALSE(loader.ReadColor("Color", "back").IsOk());
+    EXPECT_TRUE(loader.ReadColor("Color", "fore").IsOk());
+    EXPECT_EQ(loader.ReadLabel("Label", ""), L"LB_UNDEFINED");
+    EXPECT_FALSE(loader.ReadImage("Enabled", "").IsOk());
+    EXPECT_EQ(loader.ReadSize("Size", "min"), wxSize(0, 0));
+    EXPECT_EQ(loader.ReadSize("Size", "ok"), wxSize(5, 6));
+    EXPECT_EQ(loader.ReadSize("Size", "absent"), wxSize(0, 0)) << "an absent value is no problem";
+    EXPECT_EQ(errors.lines, (std::vector<std::string>{
+                                "screen.xml:1: bad value '1,2,x,4' of attribute 'bounds': 4 numbers expected",
+                                "screen.xml:2: bad value 'red' of attribute 'back': 4 numbers expected",
+                                "screen.xml:3: undefined string key 'LB_UNDEFINED'",
+                                "screen.xml:4: missing image 'ghost.png'",
+                                "screen.xml:5: bad value '5' of attribute 'min': 2 numbers expected",
+                            }));
 }
 
 TEST_F(XMLLoaderTest, NodesKeepNameClassAndNameAttribute)
@@ -240,17 +239,17 @@ TEST(XMLLoaderFilesTest, LoadsFilesAndAppearanceDescriptionsOrLogsWhy)
     EXPECT_TRUE(log.Contains(std::wstring(empty.begin(), empty.end())));
 
     log.Clear();
-    XMLLoader::SetResourceProvider(nullptr);
-    EXPECT_FALSE(loader.LoadFromAppearance(L"settings"));
+    EXPECT_FALSE(loader.LoadFromAppearance(L"settings")) << "no resources";
     FakeResources resources;
-    resources.descriptors[L"settings"] = std::string(R"(<Settings v="1"/>)") + '\0' + "ignored";
-    resources.descriptors[L"blank"] = "";
-    XMLLoader::SetResourceProvider(&resources);
+    resources.documents[L"settings"] = std::string(R"(<Settings v="1"/>)") + '\0' + "ignored";
+    resources.documents[L"blank"] = "";
+    loader.SetResources(&resources);
+    ErrorCapture errors;
     EXPECT_FALSE(loader.LoadFromAppearance(L"missing"));
     EXPECT_FALSE(loader.LoadFromAppearance(L"blank"));
     EXPECT_EQ(log.Size(), 3u);
-    EXPECT_TRUE(log.Contains(L"blank"));
+    EXPECT_EQ(errors.lines.size(), 2u);
+    EXPECT_TRUE(log.Contains(L"blank.xml"));
     EXPECT_TRUE(loader.LoadFromAppearance(L"settings"));
     EXPECT_EQ(loader.ReadInt("", "v", 0), 1);
-    XMLLoader::SetResourceProvider(nullptr);
 }

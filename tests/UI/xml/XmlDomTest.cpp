@@ -7,6 +7,7 @@
 
 #include <pthread.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -26,14 +27,15 @@ struct DocumentCase {
 // Trees that the lazy and the eager parse must both give.
 const std::vector<DocumentCase> kDocuments = {
     {"attributes and an empty child", R"(<Skin a="1" B="two"><Control/></Skin>)", "Skin[a=1,B=two]{Control[]}"},
+    {"blanks before =", R"(<A b ="1"/>)", "A[b=1]"},
+    {"lone ampersand", "<A>&</A>", "A[]\"&\""},
+    {"comment and declaration after the top element", "<A/>\n<!-- c --><?pi?>\n", "A[]"},
     {"names kept as written", "<SKIN><control/></SKIN>", "SKIN[]{control[]}"},
     {"leading blanks skipped, trailing kept", "<L>\n  hi there  </L>", "L[]\"hi there  \""},
     {"later text replaces earlier", "<A>head<B/>tail</A>", "A[]\"tail\"{B[]}"},
     {"CDATA kept raw", "<A><![CDATA[<b> &amp; ]]></A>", "A[]!\"<b> &amp; \""},
     {"entities in text and values", R"(<A t="&quot;x&quot;">a &amp;lt; b &#65;</A>)", "A[t=\"x\"]\"a &lt; b &#65;\""},
     {"empty value reads as absent", R"(<A e="" f="1"/>)", "A[e=~,f=1]"},
-    {"unquoted and single-quoted values skipped", R"(<A b=c d='e' f="g"/>)", "A[f=g]"},
-    {"blanks before = only", R"(<A b ="1" c= "2"/>)", "A[b=1]"},
     {"self-closing with blanks", "<R><A / ><B c=\"1\"/></R>", "R[]{A[]B[c=1]}"},
     {"declaration and DOCTYPE skipped", R"(<?xml version="1.0"?><!DOCTYPE s "a" "b"><A/>)", "A[]"},
     {"top-level comments skipped", "<!-- one --><!-- <two> --><A/>", "A[]"},
@@ -41,9 +43,6 @@ const std::vector<DocumentCase> kDocuments = {
     {"comment after the last child", "<A><B/><!-- c --></A>", "A[]{B[]}"},
     {"comments between children", "<A><!--a--><B/><!--b--><!--c--><C/></A>", "A[]{B[]C[]}"},
     {"comment holding tags", "<A><!-- <B></B> --><C/></A>", "A[]{C[]}"},
-    {"closing name not checked", "<A><B></A>", "A[]{B[]}"},
-    {"text after the top element ignored", "<A/>trailing<B/>", "A[]"},
-    {"no element at all", "just text", "root[]"},
     {"nested Control restored whole",
      R"(<Control name="a"><Control name="b"/><Control name="c"><Control/><![CDATA[</Control> <Control>]]></Control>)"
      R"(<Label>x</Label><CONTROL name="d"><control/></CONTROL></Control>)",
@@ -194,26 +193,99 @@ TEST(XmlEntitiesTest, DecodesTheFiveEntitiesInOnePass)
     }
 }
 
-TEST(XmlDomTest, MalformedInputGivesATreeAndStaysInItsBuffer)
+namespace {
+
+// Parses with a handler that collects every problem as "line: cause", then
+// reads the whole tree, so that lazily kept children are parsed too.
+std::pair<std::string, std::vector<std::string>> parseAndCollect(const std::string& text, bool lazy)
 {
-    const std::vector<DocumentCase> cases = {
-        {"empty", "", "root[]"},
-        {"lone <", "<", "[]"},
-        {"lone closing", "</", "[]"},
-        {"truncated start tag", "<Control", "Control[]"},
-        {"truncated attribute", R"(<A b="1)", "A[b=1]"},
-        {"unclosed elements", "<A><B><C>text", "A[]{B[]{C[]\"text\"}}"},
-        {"lone ampersand", "<A>&</A>", "A[]\"&\""},
-        {"CDATA never ends", "<A><![CDATA[ open", "A[]!\" open\""},
-        {"comment never ends", "<A><!-- open <B/>", "A[]"},
-        {"DOCTYPE never ends", R"(<!DOCTYPE x "a)", "root[]"},
-        {"stray quote and equals", R"(<A = "x" "y"/>)", "A[]"},
-        {"closing tags only", "</A></B>", "[]"},
+    std::vector<std::string> errors;
+    XML_NODE* top = nullptr;
+    node_create(&top, "root", nullptr);
+    xmltest::Tree tree(top);
+    node_set_error_handler(
+        top,
+        [](const XML_ERROR& e, void* sink) {
+            static_cast<std::vector<std::string>*>(sink)->push_back(std::to_string(e.line) + ": " + e.cause);
+        },
+        &errors);
+    node_set_doc(top, text.c_str(), nullptr, lazy);
+    std::string dump = Dump(top);
+    const XML_ERROR* last = node_last_error(top);
+    EXPECT_EQ(last ? std::to_string(last->line) + ": " + last->cause : "", errors.empty() ? "" : errors.back());
+    std::sort(errors.begin(), errors.end());
+    return {dump, errors};
+}
+
+} // namespace
+
+TEST(XmlDomTest, MalformedInputIsReadAsFarAsItGoesAndEachProblemToldOnce)
+{
+    struct MalformedCase {
+        const char* what;
+        std::string text;
+        std::string tree;
+        std::vector<std::string> errors; // sorted
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Dump(Parse(c.text, false).get()), c.tree) << "eager: " << c.what;
-        EXPECT_EQ(Dump(Parse(c.text, true).get()), c.tree) << "lazy: " << c.what;
-    }
+    const std::vector<MalformedCase> cases = {
+        {"empty", "", "root[]", {"0: no element in the text"}},
+        {"no element at all", "just text", "root[]", {"1: no element in the text"}},
+        {"DOCTYPE never ends", R"(<!DOCTYPE x "a)", "root[]", {"1: no element in the text"}},
+        {"lone <", "<", "[]", {"1: start tag <> opened on line 1 is not finished"}},
+        {"closing tags only", "</A>\n</B>", "root[]",
+         {"1: closing tag </A> matches no open element", "2: closing tag </B> matches no open element",
+          "2: no element in the text"}},
+        {"truncated start tag", "<Control", "Control[]", {"1: start tag <Control> opened on line 1 is not finished"}},
+        {"truncated in a child's start tag", "<Skin>\n<Screen>\n<Control a=\"1\"/>\n<Cont",
+         "Skin[]{Screen[]{Control[a=1]Cont[]}}", {"4: start tag <Cont> opened on line 4 is not finished"}},
+        {"truncated attribute", "<A b=\"1", "A[b=1]",
+         {"1: value of attribute b in start tag <A> opened on line 1 is not closed"}},
+        {"truncated closing tag", "<A></A", "A[]", {"1: closing tag </A> is not finished"}},
+        {"unclosed elements", "<A><B>\n<C>text\n", "A[]{B[]{C[]\"text\n\"}}",
+         {"2: <C> opened on line 2 is not closed"}},
+        {"top never closed", "<A>\n<B/>", "A[]{B[]}", {"2: <A> opened on line 1 is not closed"}},
+        {"CDATA never ends", "<A>\n<![CDATA[ open", "A[]!\" open\"",
+         {"2: CDATA section opened on line 2 is not closed"}},
+        {"comment never ends", "<A><!-- open\n<B/>", "A[]", {"2: comment opened on line 1 is not closed"}},
+        {"closing tag of an outer element", "<A>\n<B>\n<C>\n</B>\n</A>", "A[]{B[]{C[]}}",
+         {"4: <C> opened on line 3 is not closed"}},
+        {"inner element left open", "<A><B></A>", "A[]{B[]}", {"1: <B> opened on line 1 is not closed"}},
+        {"stray closing tag", "<A><B>\n</X></B></A>", "A[]{B[]}", {"2: closing tag </X> matches no open element"}},
+        {"content after the top element", "<A></A>\ntrailing<B/>", "A[]",
+         {"2: content after the end of the top element"}},
+        {"element after a self-closing top", "<A/>\n<B/>", "A[]", {"2: content after the end of the top element"}},
+        {"attributes not written name=\"value\"", "<A b='1'\n c=2 d e= \"3\" f=\"4\"/>", "A[f=4]",
+         {"1: attribute b is ignored: write b=\"value\"", "2: attribute c is ignored: write c=\"value\"",
+          "2: attribute d is ignored: write d=\"value\"", "2: attribute e is ignored: write e=\"value\""}},
+        {"element without a name", "<A>< B/></A>", "A[]{[]}",
+         {"1: attribute B is ignored: write B=\"value\"", "1: element without a name"}},
+    };
+    for (const auto& c : cases)
+        for (const bool lazy : {false, true}) {
+            const auto [tree, errors] = parseAndCollect(c.text, lazy);
+            EXPECT_EQ(tree, c.tree) << c.what << (lazy ? " (lazy)" : " (eager)");
+            EXPECT_EQ(errors, c.errors) << c.what << (lazy ? " (lazy)" : " (eager)");
+        }
+    // Well-formed documents report nothing.
+    for (const auto& c : kDocuments)
+        for (const bool lazy : {false, true})
+            EXPECT_EQ(parseAndCollect(c.text, lazy).second, std::vector<std::string>{}) << c.what;
+}
+
+TEST(XmlDomTest, ErrorsCarryTheDocumentNameAndAreForgottenByANewParse)
+{
+    XML_NODE* top = nullptr;
+    ASSERT_EQ(node_create(&top, "root", nullptr), XML_OK);
+    xmltest::Tree tree(top);
+    EXPECT_EQ(node_set_doc_name(top, "dashboard.xml"), XML_OK);
+    node_set_doc(top, "<Skin>\n<Screen>", nullptr, false);
+    const XML_ERROR* error = node_last_error(node_find_first(top, "Screen"));
+    ASSERT_NE(error, nullptr);
+    EXPECT_STREQ(error->file, "dashboard.xml");
+    EXPECT_EQ(error->line, 2u);
+    node_set_doc(top, "<Skin/>", nullptr, false);
+    EXPECT_EQ(node_last_error(top), nullptr);
+    EXPECT_EQ(node_set_doc_name(node_find_first(top, nullptr), "x"), XML_NULL_ARGUMENT);
 }
 
 TEST(XmlDomTest, DeepNestingNeedsNoCallStack)
@@ -247,4 +319,55 @@ TEST(XmlDomTest, DeepNestingNeedsNoCallStack)
         EXPECT_EQ(innermost, "x");
         EXPECT_EQ(unclosedCount, size_t(levels));
     }
+}
+
+TEST(XmlDomTest, ElementsKnowTheLineOfTheirStartTag)
+{
+    struct LineCase {
+        const char* what;
+        std::string text;
+        const char* path; // null: the top element
+        uint32_t line;
+    };
+    const std::string screen = "<Skin>\n"
+                               "  <Screen name=\"a\">\n"
+                               "    <Control/>\n"
+                               "  </Screen>\n"
+                               "  <!-- a comment\n over two lines <Fake/> -->\n"
+                               "  <Other a=\"1\"\n         b=\"2\"><Deep><![CDATA[\n\n]]></Deep>\n"
+                               "    <Last/></Other>\n"
+                               "</Skin>\n";
+    const std::vector<LineCase> cases = {
+        {"top on the first line", "<A/>", nullptr, 1},
+        {"top after a prolog", "<?xml version=\"1.0\"?>\n<!-- c\n-->\n\n<A/>", nullptr, 5},
+        {"child", screen, "Screen", 2},
+        {"grandchild", screen, "Screen/Control", 3},
+        {"after a multi-line comment", screen, "Other", 7},
+        {"same line as a multi-line tag ends", screen, "Other/Deep", 8},
+        {"after CDATA holding newlines", screen, "Other/Last", 11},
+        {"CR LF counts once", "<A>\r\n<B>\r\n\r\n<C/></B></A>", "B/C", 4},
+        {"lone CR ends a line", "<A>\r<B/></A>", "B", 2},
+        {"several on one line", "<A>\n<B/><C/></A>", "C", 2},
+    };
+    for (const auto& c : cases)
+        for (const bool lazy : {false, true}) {
+            auto tree = Parse(c.text, lazy);
+            XML_NODE* element = c.path ? node_find_first(tree.get(), c.path) : tree.get();
+            ASSERT_NE(element, nullptr) << c.what;
+            EXPECT_EQ(node_line(element), c.line) << c.what << (lazy ? " (lazy)" : " (eager)");
+        }
+
+    // Elements not read from a text have no line; a new parse forgets the old lines.
+    XML_NODE* top = nullptr;
+    ASSERT_EQ(node_create(&top, "root", nullptr), XML_OK);
+    xmltest::Tree tree(top);
+    EXPECT_EQ(node_line(top), 0u);
+    EXPECT_EQ(node_line(nullptr), 0u);
+    node_set_doc(top, "just text\n", nullptr, true);
+    EXPECT_EQ(node_line(top), 0u);
+    const std::string borrowed = "\n\n<A>\n<B/></A>";
+    node_set_doc_borrowed(top, borrowed.data(), borrowed.size(), nullptr, true);
+    EXPECT_EQ(node_line(node_find_first(top, "B")), 4u);
+    node_set_doc(top, "<A><B/></A>", nullptr, true);
+    EXPECT_EQ(node_line(node_find_first(top, "B")), 1u);
 }

@@ -1,0 +1,24 @@
+#include "controls/StandardControls.h"
+
+#include "controls/ButtonCtrl.h"
+#include "controls/EditTextCtrl.h"
+#include "controls/PanelCtrl.h"
+#include "controls/StaticTextCtrl.h"
+#include "descriptors/FrameCtrlDescriptor.h"
+#include "factory/CtrlFactory.h"
+#include "factory/CtrlGenerator.h"
+
+namespace UIKit {
+
+void RegisterStandardControls(CtrlFactory& factory)
+{
+    // Frames are made by the host and loaded from their descriptor, so the
+    // factory only describes them.
+    factory.AddGenerator(L"FrameCtrl", DescriptorGenerator<FrameCtrlDescriptor>::Make());
+    factory.AddGenerator(L"PanelCtrl", CtrlGenerator<PanelCtrlDescriptor, PanelCtrl>::Make());
+    factory.AddGenerator(L"ButtonCtrl", CtrlGenerator<ButtonCtrlDescriptor, ButtonCtrl>::Make());
+    factory.AddGenerator(L"StaticTextCtrl", CtrlGenerator<StaticTextCtrlDescriptor, StaticTextCtrl>::Make());
+    factory.AddGenerator(L"EditTextCtrl", CtrlGenerator<EditTextCtrlDescriptor, EditTextCtrl>::Make());
+}
+
+} // namespace UIKit
