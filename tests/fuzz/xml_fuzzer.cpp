@@ -4,6 +4,7 @@
 // document read without problems is written back and must read as the same
 // tree; then the tree is changed and copied. Sanitizers report any read or
 // write outside the document's memory.
+#include "XmlTestTree.h"
 #include "xml/XmlDom.h"
 #include "xml/XmlEdit.h"
 #include "xml/XmlWriter.h"
@@ -64,34 +65,6 @@ void countError(const XML_ERROR& error, void* count)
     g_sink = touch(error.file) + touch(error.cause) + error.line;
 }
 
-// The tree in one string, read the same way as `walk`.
-std::string dump(XML_NODE* top)
-{
-    std::string out;
-    std::vector<XML_NODE*> stack{top};
-    while (!stack.empty()) {
-        XML_NODE* element = stack.back();
-        stack.pop_back();
-        if (!element) {
-            out += '}';
-            continue;
-        }
-        out.append(node_name(element)).append("[");
-        for (uint32_t i = 0; i < element->attributes.count; ++i) {
-            const XML_TAG& a = element->attributes.items[i];
-            out.append(a.name).append("=").append(a.value ? a.value : "~").append(",");
-        }
-        const char* value = node_value(element);
-        out.append("]").append(element->tag.cdata ? "!" : "").append(value ? value : "~").append("{");
-        stack.push_back(nullptr);
-        std::vector<XML_NODE*> children;
-        for (XML_NODE* child = node_find_first(element, nullptr); child; child = node_find_next(element, nullptr, child))
-            children.push_back(child);
-        stack.insert(stack.end(), children.rbegin(), children.rend());
-    }
-    return out;
-}
-
 // Writes the tree, reads the text back in the other mode and compares.
 void checkRoundTrip(XML_NODE* top, bool lazy)
 {
@@ -102,7 +75,7 @@ void checkRoundTrip(XML_NODE* top, bool lazy)
     if (node_create(&again, "root", nullptr) != XML_OK)
         return;
     node_set_doc_n(again, text.data(), text.size(), nullptr, !lazy);
-    if (dump(again) != dump(top) || node_last_error(again))
+    if (xmltest::Dump(again) != xmltest::Dump(top) || node_last_error(again))
         __builtin_trap();
     node_destroy(again);
 }

@@ -91,24 +91,7 @@ bool equalText(const char* text, const char* value)
     return text && value && std::strcmp(text, value) == 0;
 }
 
-} // namespace
-
-uint32_t node_append_child(XML_NODE* parent, const char* name, XML_NODE** child)
-{
-    if (!parent || !name)
-        return XML_NULL_ARGUMENT;
-    return guarded([&] {
-        parsePending(parent);
-        XML_NODE* added = newChild(parent, name);
-        added->index = parent->children.count;
-        parent->document->Append(parent->children, added);
-        if (child)
-            *child = added;
-        return XML_OK;
-    });
-}
-
-uint32_t node_prepend_child(XML_NODE* parent, const char* name, XML_NODE** child)
+uint32_t addChild(XML_NODE* parent, const char* name, XML_NODE** child, bool first)
 {
     if (!parent || !name)
         return XML_NULL_ARGUMENT;
@@ -117,13 +100,28 @@ uint32_t node_prepend_child(XML_NODE* parent, const char* name, XML_NODE** child
         XML_NODE* added = newChild(parent, name);
         auto& children = parent->children;
         parent->document->Append(children, added);
-        std::memmove(children.items + 1, children.items, (children.count - 1) * sizeof(XML_NODE*));
-        children.items[0] = added;
-        renumber(parent);
+        added->index = children.count - 1;
+        if (first) {
+            std::memmove(children.items + 1, children.items, (children.count - 1) * sizeof(XML_NODE*));
+            children.items[0] = added;
+            renumber(parent);
+        }
         if (child)
             *child = added;
         return XML_OK;
     });
+}
+
+} // namespace
+
+uint32_t node_append_child(XML_NODE* parent, const char* name, XML_NODE** child)
+{
+    return addChild(parent, name, child, false);
+}
+
+uint32_t node_prepend_child(XML_NODE* parent, const char* name, XML_NODE** child)
+{
+    return addChild(parent, name, child, true);
 }
 
 uint32_t node_set_value(XML_NODE* element, const char* value, bool cdata)
