@@ -15,8 +15,8 @@ cxx=${CXX_FUZZ:-clang++-14}
 mkdir -p "$out/corpus" "$out/artifacts"
 
 "$cxx" -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined \
-    -I"$root/UI/toolkit" \
-    "$here/xml_fuzzer.cpp" "$root"/UI/toolkit/xml/Xml[A-Z]*.cpp \
+    -I"$root/UI/toolkit" -I"$root/tests/UI/xml" \
+    "$here/xml_fuzzer.cpp" "$root/tests/UI/xml/XmlTestTree.cpp" "$root"/UI/toolkit/xml/Xml[A-Z]*.cpp \
     -o "$out/xml_fuzzer"
 
 # The seed corpus stays as committed; new inputs go to the work corpus.

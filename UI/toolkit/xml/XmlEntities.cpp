@@ -58,4 +58,21 @@ uint32_t tag_code_to_tag(char* out, const char* in, uint32_t length)
     return static_cast<uint32_t>(write - out);
 }
 
+void tag_to_tag_code(std::string& out, const char* in, uint32_t length)
+{
+    const char* end = in + length;
+    const char* run = in;
+    for (const char* p = in; p < end; ++p) {
+        const char* entity = nullptr;
+        for (int i = 0; i < XML_ENTITY_COUNT && !entity; ++i)
+            if (*p == CHARS[i][0])
+                entity = CODES[i];
+        if (!entity)
+            continue;
+        out.append(run, p).append(entity);
+        run = p + 1;
+    }
+    out.append(run, end);
+}
+
 } // namespace UIKit

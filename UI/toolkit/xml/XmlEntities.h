@@ -3,6 +3,7 @@
 // in their order, so "&lt;" is tried before "&amp;".
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace UIKit {
 
@@ -23,5 +24,9 @@ constexpr uint32_t CDATA_OUT_LEN = 3;
 // longer than the input, so `out` may equal `in` (decoding in place). No
 // NUL is written.
 uint32_t tag_code_to_tag(char* out, const char* in, uint32_t length);
+
+// The reverse: appends `length` bytes of `in` to `out` with each of the five
+// characters written as its entity, so that decoding gives `in` back.
+void tag_to_tag_code(std::string& out, const char* in, uint32_t length);
 
 } // namespace UIKit

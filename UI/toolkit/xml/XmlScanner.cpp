@@ -160,16 +160,6 @@ const char* FindText(const char* pos, const char* end, const char* text)
     return end;
 }
 
-bool NameAt(const char* pos, const char* end, const char* name, size_t length)
-{
-    if (static_cast<size_t>(end - pos) < length)
-        return false;
-    for (size_t i = 0; i < length; ++i)
-        if (lower(pos[i]) != lower(name[i]))
-            return false;
-    return pos + length == end || EndsName(pos[length]);
-}
-
 const char* SkipComment(const char* pos, const char* end)
 {
     const char* close = FindText(pos + 4, end, "-->");

@@ -55,8 +55,21 @@ inline bool StartsWith(const char* pos, const char* end, const char (&literal)[N
 }
 
 // Whether the range at pos holds `name` (ASCII case ignored) followed by a
-// byte that ends a name, or by the end of the range.
-bool NameAt(const char* pos, const char* end, const char* name, size_t length);
+// byte that ends a name, or by the end of the range. Inline: the search for
+// a closing tag calls it for every tag that starts like the name.
+inline bool NameAt(const char* pos, const char* end, const char* name, size_t length)
+{
+    if (static_cast<size_t>(end - pos) < length)
+        return false;
+    for (size_t i = 0; i < length; ++i) {
+        const char a = pos[i];
+        const char b = name[i];
+        // Equal, or the same letter in the other case.
+        if (a != b && ((a | 0x20) != (b | 0x20) || static_cast<unsigned char>((a | 0x20) - 'a') > 'z' - 'a'))
+            return false;
+    }
+    return pos + length == end || EndsName(pos[length]);
+}
 
 // Position after a comment starting at pos ("<!--"), or end when the
 // comment never closes.
