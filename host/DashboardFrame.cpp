@@ -6,8 +6,8 @@
 #include "factory/ControlIds.h"
 #include "factory/CtrlFactory.h"
 #include "xml/XMLLoader.h"
-#include "module/AppController.h"
-#include "module/Util.h"
+#include "app/AppController.h"
+#include "util/Util.h"
 
 #include <cstring>
 #include <spawn.h>

@@ -2,7 +2,7 @@
 // Tells registered listeners that the application is asked to close or is
 // stopping, and shows or hides the dashboard's close button.
 #include "Toolkit/Mutex.h"
-#include "module/AppEvent.h"
+#include "app/AppEvent.h"
 #include "module/Singleton.h"
 
 #include <vector>

@@ -3,9 +3,9 @@
 #include "TestSupport.h"
 #include "controls/PanelCtrl.h"
 #include "factory/ControlIds.h"
-#include "module/App.h"
-#include "module/AppController.h"
-#include "module/IPCActivateAppConnection.h"
+#include "app/App.h"
+#include "app/AppController.h"
+#include "app/IPCActivateAppConnection.h"
 
 #include <gtest/gtest.h>
 

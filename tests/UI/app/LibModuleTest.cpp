@@ -1,5 +1,5 @@
 #include "Toolkit/LibModuleManager.h"
-#include "module/LibModule.h"
+#include "app/LibModule.h"
 #include "module/SingletonTable.h"
 
 #include <gtest/gtest.h>

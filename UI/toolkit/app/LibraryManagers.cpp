@@ -21,8 +21,8 @@
 #include "appearance/ConfDataFile.h"
 #include "descriptors/TemplateManager.h"
 #include "factory/CtrlFactory.h"
-#include "module/AppController.h"
-#include "module/SingleApplicationInstance.h"
+#include "app/AppController.h"
+#include "app/SingleApplicationInstance.h"
 #include "module/SingletonTable.h"
 
 namespace UIKit {

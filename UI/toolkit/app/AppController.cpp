@@ -1,9 +1,9 @@
-#include "module/AppController.h"
+#include "app/AppController.h"
 
 #include "factory/ControlIds.h"
 #include "frames/IDashboard.h"
-#include "module/App.h"
-#include "module/Util.h"
+#include "app/App.h"
+#include "util/Util.h"
 
 namespace UIKit {
 
