@@ -11,34 +11,13 @@
 #ifdef UIKIT_TEST_GUI
 #include <wx/image.h>
 
-#include <X11/Xlib.h>
+#include <gtk/gtk.h>
 
 #include <chrono>
 #include <cstdlib>
 #include <thread>
 
 namespace {
-
-// A display server started just before the tests (xvfb-run under load) may
-// not accept connections yet: try a few times, a little longer each time,
-// and log every failed attempt, before the GUI library opens its own.
-bool waitForDisplay()
-{
-    const char* name = std::getenv("DISPLAY");
-    constexpr int c_attempts = 6;
-    for (int attempt = 1; attempt <= c_attempts; ++attempt) {
-        if (Display* display = XOpenDisplay(name)) {
-            XCloseDisplay(display);
-            return true;
-        }
-        TK_LOG(Toolkit::LogError) << "test main: cannot open display " << (name ? name : "(unset)") << ", attempt "
-                                  << attempt << " of " << c_attempts;
-        if (!name || attempt == c_attempts)
-            break;
-        std::this_thread::sleep_for(std::chrono::milliseconds(100 * attempt));
-    }
-    return false;
-}
 
 class TestApp : public wxApp {
 public:
@@ -48,6 +27,38 @@ public:
         return true;
     }
 };
+
+// Under load, GTK now and then fails to open the display although the
+// display server is there (seen under xvfb-run with several test processes
+// at once). wx cannot start again after such a failure, but GTK can: the
+// display is opened for GTK first, a few times if need be, a little longer
+// apart each time, logging every failure; wx then finds GTK ready.
+bool openDisplay()
+{
+    // As wx does: the tests run in the C locale unless they set another.
+    gtk_disable_setlocale();
+    constexpr int c_attempts = 6;
+    const char* display = std::getenv("DISPLAY");
+    for (int attempt = 1;; ++attempt) {
+        if (gtk_init_check(nullptr, nullptr))
+            return true;
+        TK_LOG(Toolkit::LogError) << "test main: cannot open display " << (display ? display : "(unset)")
+                                  << ", attempt " << attempt << " of " << c_attempts;
+        if (!display || attempt == c_attempts)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(100 * attempt));
+    }
+}
+
+bool startGui(int& argc, char** argv)
+{
+    if (!openDisplay())
+        return false;
+    // wx then asks GTK again to leave the locale alone, which GTK reports
+    // as too late in one warning line; the request was already made above.
+    wxApp::SetInstance(new TestApp());
+    return wxEntryStart(argc, argv);
+}
 } // namespace
 #endif
 
@@ -56,13 +67,12 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
 #ifdef UIKIT_TEST_GUI
     // Failed attempts to reach the display are shown whatever the log setting.
-    const bool displayReady = waitForDisplay();
+    const bool started = startGui(argc, argv);
 #endif
     // Tests assert on log entries through captures; keep the console quiet.
     Toolkit::ILogger::Instance().SetStderrEnabled(std::getenv("UIKIT_TEST_LOG") != nullptr);
 #ifdef UIKIT_TEST_GUI
-    wxApp::SetInstance(new TestApp());
-    if (!displayReady || !wxEntryStart(argc, argv) || !wxTheApp->CallOnInit()) {
+    if (!started || !wxTheApp->CallOnInit()) {
         fprintf(stderr, "cannot start the GUI (is DISPLAY set? run under xvfb-run)\n");
         return 2;
     }
