@@ -47,14 +47,15 @@ build: configure
 demo: build
 	@./host/run-demo.sh $(BUILD)
 
-# The platform tests again under ThreadSanitizer, then every test under Xvfb.
+# The platform tests and the singleton-slot tests again under
+# ThreadSanitizer, then every test under Xvfb.
 test: build test-tsan
 	cd $(BUILD) && $(XVFB) ctest -j $(JOBS) --output-on-failure --timeout 120
 
 test-tsan: setup $(TSAN_BUILD)/build.ninja
-	cmake --build $(TSAN_BUILD) -j $(JOBS) --target platform_tests
-	cd $(TSAN_BUILD) && TSAN_OPTIONS="halt_on_error=1 second_deadlock_stack=1" \
-	  ./bin/platform_tests --gtest_brief=1
+	cmake --build $(TSAN_BUILD) -j $(JOBS) --target platform_tests module_tests
+	cd $(TSAN_BUILD) && export TSAN_OPTIONS="halt_on_error=1 second_deadlock_stack=1" && \
+	  ./bin/platform_tests --gtest_brief=1 && ./bin/module_tests --gtest_brief=1
 
 bench: build
 	$(XVFB) ./$(BUILD)/bin/uikit_bench

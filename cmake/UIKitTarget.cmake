@@ -3,6 +3,13 @@ function(uikit_warnings target)
   target_compile_options(${target} PRIVATE -Wall -Wextra)
 endfunction()
 
+# Precompiled headers for a target, when UIKIT_PCH is on.
+function(uikit_precompile_headers target)
+  if(UIKIT_PCH)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
 # A shared library made of every .cpp below the given folders.
 function(uikit_library name)
   cmake_parse_arguments(ARG "" "" "DIRS;PUBLIC_INCLUDE;LINK" ${ARGN})

@@ -5,8 +5,8 @@
 #include "appearance/Appearance.h"
 #include "factory/ControlIds.h"
 #include "factory/CtrlFactory.h"
-#include "module/AppController.h"
-#include "module/Util.h"
+#include "app/AppController.h"
+#include "util/Util.h"
 
 #include <cstring>
 #include <spawn.h>

@@ -9,7 +9,10 @@
 #include "appearance/Appearance.h"
 #include "controls/StandardControls.h"
 #include "factory/CtrlFactory.h"
-#include "module/SingleApplicationInstance.h"
+#include "app/SingleApplicationInstance.h"
+#include "xml/ErrorSink.h"
+
+#include <wx/filename.h>
 
 #include <clocale>
 #include <cstdio>
@@ -27,8 +30,30 @@ bool HostApp::OnInit()
         return false;
     Toolkit::ILogger::Instance().SetMinimumSeverity(m_options.verbose ? Toolkit::LogInfo : Toolkit::LogError);
     wxInitAllImageHandlers();
-    return startLibrary() && takeSingleInstance() && loadAppearance() && (registerControls(), true) &&
-           createDashboard();
+    if (!startLibrary())
+        return false;
+    routeErrors();
+    if (!takeSingleInstance())
+        return m_finishedAtStart;
+    if (!loadAppearance())
+        return false;
+    registerControls();
+    return createDashboard();
+}
+
+int HostApp::OnRun()
+{
+    return m_finishedAtStart ? m_exitStatus : UIKit::App::OnRun();
+}
+
+// The log goes to its file; stderr shows each problem of the pack once, as
+// "file:line: message". With --verbose the whole log is on stderr as well,
+// pack problems included, so the sink does not print them a second time.
+void HostApp::routeErrors()
+{
+    Toolkit::ILogger::Instance().SetStderrEnabled(m_options.verbose);
+    if (m_options.verbose)
+        UIKit::ErrorSink::Install([](const UIKit::PackError&) {});
 }
 
 bool HostApp::startLibrary()
@@ -48,14 +73,27 @@ bool HostApp::startLibrary()
 bool HostApp::takeSingleInstance()
 {
     auto instance = UIKit::SingleApplicationInstance::Instance();
-    if (!instance->IsAlreadyRunning())
-        return instance->SetAsActiveInstance() || true;
+    if (!instance->IsAlreadyRunning()) {
+        // Without the channel this start still works, but a later start
+        // cannot bring this window forward and would open a second one.
+        if (!instance->SetAsActiveInstance()) {
+            TK_LOG(Toolkit::LogError) << "cannot open the activation channel for later starts";
+            std::fprintf(stderr, "connection-manager: cannot open the activation channel; a second start will "
+                                 "not find this window (see the log)\n");
+        }
+        return true;
+    }
+    // A second start: it has done what it was asked once the first window
+    // came forward, and exits with success.
+    m_finishedAtStart = true;
     if (instance->BringPreviousInstanceToFront()) {
         std::printf("connection-manager is already running: brought its window to the front.\n");
+        m_exitStatus = 0;
     } else {
         std::fprintf(stderr,
                      "connection-manager is already running, but it did not answer the request to come to the "
                      "front.\n");
+        m_exitStatus = 1;
     }
     return false;
 }
@@ -64,10 +102,20 @@ bool HostApp::loadAppearance()
 {
     UIKit::Appearance::CmdLine_OptionAppearance = m_options.appearance;
     UIKit::Appearance::CmdLine_OptionCulture = m_options.culture;
-    if (!UIKit::Appearance::Instance()->Init()) {
+    auto appearance = UIKit::Appearance::Instance();
+    if (!appearance->Init()) {
         std::fprintf(stderr, "connection-manager: no usable appearance pack under %s (see the log)\n",
                      Toolkit::PathManager::Instance().GetAppearancesDir().c_str());
         return false;
+    }
+    // An unknown name falls back to another pack: say which one is shown.
+    wxString path(appearance->GetPackPath());
+    while (path.EndsWith("/"))
+        path.RemoveLast();
+    const wxFileName used(path);
+    if (!m_options.appearance.empty() && used.GetName() != wxString(m_options.appearance)) {
+        std::fprintf(stderr, "connection-manager: no appearance pack named \"%s\"; using \"%s\" instead\n",
+                     wxString(m_options.appearance).utf8_str().data(), used.GetName().utf8_str().data());
     }
     return true;
 }

@@ -4,7 +4,7 @@
 
 #include "appearance/Appearance.h"
 #include "factory/ControlIds.h"
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include <wx/filename.h>
 #include <wx/timer.h>

@@ -11,7 +11,14 @@
 #ifdef UIKIT_TEST_GUI
 #include <wx/image.h>
 
+#include <gtk/gtk.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
 namespace {
+
 class TestApp : public wxApp {
 public:
     bool OnInit() override
@@ -20,17 +27,52 @@ public:
         return true;
     }
 };
+
+// Under load, GTK now and then fails to open the display although the
+// display server is there (seen under xvfb-run with several test processes
+// at once). wx cannot start again after such a failure, but GTK can: the
+// display is opened for GTK first, a few times if need be, a little longer
+// apart each time, logging every failure; wx then finds GTK ready.
+bool openDisplay()
+{
+    // As wx does: the tests run in the C locale unless they set another.
+    gtk_disable_setlocale();
+    constexpr int c_attempts = 6;
+    const char* display = std::getenv("DISPLAY");
+    for (int attempt = 1;; ++attempt) {
+        if (gtk_init_check(nullptr, nullptr))
+            return true;
+        TK_LOG(Toolkit::LogError) << "test main: cannot open display " << (display ? display : "(unset)")
+                                  << ", attempt " << attempt << " of " << c_attempts;
+        if (!display || attempt == c_attempts)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(100 * attempt));
+    }
+}
+
+bool startGui(int& argc, char** argv)
+{
+    if (!openDisplay())
+        return false;
+    // wx then asks GTK again to leave the locale alone, which GTK reports
+    // as too late in one warning line; the request was already made above.
+    wxApp::SetInstance(new TestApp());
+    return wxEntryStart(argc, argv);
+}
 } // namespace
 #endif
 
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
+#ifdef UIKIT_TEST_GUI
+    // Failed attempts to reach the display are shown whatever the log setting.
+    const bool started = startGui(argc, argv);
+#endif
     // Tests assert on log entries through captures; keep the console quiet.
     Toolkit::ILogger::Instance().SetStderrEnabled(std::getenv("UIKIT_TEST_LOG") != nullptr);
 #ifdef UIKIT_TEST_GUI
-    wxApp::SetInstance(new TestApp());
-    if (!wxEntryStart(argc, argv) || !wxTheApp->CallOnInit()) {
+    if (!started || !wxTheApp->CallOnInit()) {
         fprintf(stderr, "cannot start the GUI (is DISPLAY set? run under xvfb-run)\n");
         return 2;
     }

@@ -4,7 +4,7 @@
 #include "controls/ImageCtrl.h"
 #include "controls/LabelPainter.h"
 #include "factory/ControlIds.h"
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include <wx/dcclient.h>
 

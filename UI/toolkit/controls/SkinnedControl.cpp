@@ -1,6 +1,6 @@
 #include "controls/SkinnedControl.h"
 
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/dcmemory.h>

@@ -1,7 +1,7 @@
 #include "controls/StaticTextCtrl.h"
 
 #include "controls/LabelPainter.h"
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include <wx/dcclient.h>
 

@@ -1,14 +1,15 @@
 #include "frames/IDashboard.h"
 
 #include "Toolkit/Thread.h"
-#include "module/App.h"
+
+#include <wx/app.h>
 
 namespace UIKit {
 namespace {
 
 TString<wchar_t> applicationName()
 {
-    return App::m_wxApp ? TString<wchar_t>(App::m_wxApp->GetAppName().ToStdWstring()) : TString<wchar_t>();
+    return wxTheApp ? TString<wchar_t>(wxTheApp->GetAppName().ToStdWstring()) : TString<wchar_t>();
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "module/App.h"
+#include "app/App.h"
 
 namespace UIKit {
 

@@ -1,5 +1,5 @@
 // Util: finding, showing, enabling and labelling controls.
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include "controls/Control.h"
 

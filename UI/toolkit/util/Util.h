@@ -4,6 +4,12 @@
 // finding, showing, enabling and labelling controls by id or name; short
 // resize and slide animations; colour and image helpers; opening a web
 // address without blocking the interface. Nothing here keeps state.
+//
+// Declared here, below the controls, so that controls can fit their labels
+// and tint their images. The label and image helpers are defined beside this
+// header; the helpers that reach controls, the string table or the
+// dashboard (window lookups, animations, number formatting, the browser)
+// are defined in app/, above everything they use.
 #include "Toolkit/Bytes.h"
 #include "Toolkit/TString.h"
 #include "Toolkit/smart_ptr.h"

@@ -1,6 +1,6 @@
-#include "module/IPCActivateAppConnection.h"
+#include "app/IPCActivateAppConnection.h"
 
-#include "module/App.h"
+#include "app/App.h"
 
 #include <wx/toplevel.h>
 

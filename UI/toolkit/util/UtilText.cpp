@@ -1,5 +1,5 @@
 // Util: fitting labels into boxes.
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include "descriptors/FontDescriptor.h"
 

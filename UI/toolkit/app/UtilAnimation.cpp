@@ -1,5 +1,5 @@
 // Util: short stepwise resize and slide animations, paced by the tick clock.
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include "Toolkit/Thread.h"
 #include "Toolkit/TickCount.h"

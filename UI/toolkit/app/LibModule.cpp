@@ -1,4 +1,4 @@
-#include "module/LibModule.h"
+#include "app/LibModule.h"
 
 #include "Toolkit/LibModuleManager.h"
 #include "module/SingletonTable.h"

@@ -16,14 +16,23 @@
 //   NotifPopupManager 13, Appearance 14, AppController 15,
 //   SingleApplicationInstance 16
 //
-// A manager joins by adding its row below with those two numbers.
+// A manager joins by adding its row below with those two numbers, and its
+// slot beside the others: each slot is defined here, once for the process.
 #include "appearance/Appearance.h"
 #include "appearance/ConfDataFile.h"
 #include "descriptors/TemplateManager.h"
 #include "factory/CtrlFactory.h"
-#include "module/AppController.h"
-#include "module/SingleApplicationInstance.h"
+#include "app/AppController.h"
+#include "app/SingleApplicationInstance.h"
+#include "module/SingletonSlot.h"
 #include "module/SingletonTable.h"
+
+UIKIT_SINGLETON_SLOT(UIKit::SingleApplicationInstance)
+UIKIT_SINGLETON_SLOT(UIKit::AppController)
+UIKIT_SINGLETON_SLOT(UIKit::Appearance)
+UIKIT_SINGLETON_SLOT(UIKit::ConfDataFile)
+UIKIT_SINGLETON_SLOT(UIKit::CtrlFactory)
+UIKIT_SINGLETON_SLOT(UIKit::TemplateManager)
 
 namespace UIKit {
 

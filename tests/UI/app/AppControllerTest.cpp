@@ -3,14 +3,16 @@
 #include "TestSupport.h"
 #include "controls/PanelCtrl.h"
 #include "factory/ControlIds.h"
-#include "module/App.h"
-#include "module/AppController.h"
-#include "module/IPCActivateAppConnection.h"
+#include "app/App.h"
+#include "app/AppController.h"
+#include "app/IPCActivateAppConnection.h"
 
 #include <gtest/gtest.h>
 
 #include <wx/frame.h>
 
+#include <chrono>
+#include <future>
 #include <string>
 #include <thread>
 #include <vector>
@@ -73,6 +75,60 @@ TEST(AppControllerTest, CloseRequestsStopAtTheFirstVetoAndEveryEntryIsAskedInOrd
     log.clear();
     controller.DispatchAppStopping();
     EXPECT_EQ(log, (std::vector<std::string>{"C stops", "A stops"}));
+}
+
+// A listener that, while it is called, changes the list from another thread
+// and waits for that thread: the list must not be locked during the call.
+class ChangingListener final : public AppEvent {
+public:
+    ChangingListener(AppController& controller, Toolkit::smart_ptr<AppEvent> added)
+        : m_controller(controller), m_added(std::move(added))
+    {
+    }
+    bool OnAppRequestClose() override
+    {
+        change();
+        return true;
+    }
+    void OnAppStopping() override { change(); }
+    Toolkit::smart_ptr<AppEvent> self;
+    bool changedInTime = false;
+
+private:
+    void change()
+    {
+        auto done = std::async(std::launch::async, [this] {
+            m_controller.RemoveListener(self);
+            m_controller.AddListener(m_added);
+        });
+        changedInTime = done.wait_for(std::chrono::seconds(5)) == std::future_status::ready;
+    }
+    AppController& m_controller;
+    Toolkit::smart_ptr<AppEvent> m_added;
+};
+
+TEST(AppControllerTest, ListenersAreCalledOutsideTheLockOnTheListOfTheRoundsStart)
+{
+    for (bool stopping : {false, true}) {
+        AppController controller;
+        std::vector<std::string> log;
+        auto late = listener(log, "late", true);
+        auto* changing = new ChangingListener(controller, late);
+        Toolkit::smart_ptr<AppEvent> changer(changing);
+        changing->self = changer;
+        controller.AddListener(changer);
+        controller.AddListener(listener(log, "B", true));
+        if (stopping)
+            controller.DispatchAppStopping();
+        else
+            EXPECT_TRUE(controller.DispatchAppRequestClose());
+        EXPECT_TRUE(changing->changedInTime) << "a listener waiting on the list deadlocks";
+        EXPECT_EQ(log, (std::vector<std::string>{stopping ? "B stops" : "B"})) << "added during the round";
+        log.clear();
+        controller.DispatchAppStopping();
+        EXPECT_EQ(log, (std::vector<std::string>{"B stops", "late stops"}));
+        changing->self.ReleaseRef();
+    }
 }
 
 TEST(AppControllerTest, CloseButtonOfTheDashboardIsShownAndHidden)

@@ -1,9 +1,9 @@
-#include "module/AppController.h"
+#include "app/AppController.h"
 
 #include "factory/ControlIds.h"
 #include "frames/IDashboard.h"
-#include "module/App.h"
-#include "module/Util.h"
+#include "app/App.h"
+#include "util/Util.h"
 
 namespace UIKit {
 
@@ -23,10 +23,18 @@ void AppController::RemoveListener(Toolkit::smart_ptr<AppEvent> listener)
         }
 }
 
-bool AppController::DispatchAppRequestClose()
+std::vector<Toolkit::smart_ptr<AppEvent>> AppController::listeners()
 {
     Toolkit::MutexLocker lock(m_lock);
-    for (auto& listener : m_listeners)
+    return m_listeners;
+}
+
+// Listeners are called on a copy of the list, outside the lock: a listener
+// may add or remove listeners, or wait for a thread that does, without
+// deadlocking or invalidating the round in progress.
+bool AppController::DispatchAppRequestClose()
+{
+    for (auto& listener : listeners())
         if (!listener->OnAppRequestClose())
             return false;
     return true;
@@ -34,8 +42,7 @@ bool AppController::DispatchAppRequestClose()
 
 void AppController::DispatchAppStopping()
 {
-    Toolkit::MutexLocker lock(m_lock);
-    for (auto& listener : m_listeners)
+    for (auto& listener : listeners())
         listener->OnAppStopping();
 }
 

@@ -1,5 +1,5 @@
 // Util: colour and image helpers.
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include <wx/dcmemory.h>
 #include <wx/mstream.h>

@@ -1,7 +1,7 @@
 #include "../descriptors/DescriptorTestSupport.h"
 
 #include "descriptors/FontDescriptor.h"
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 // when the shared object is loaded; Initialize creates the library's
 // managers and Release drops them.
 #include "Toolkit/LibModule.h"
+#include "module/Export.h"
 
 namespace UIKit {
 
@@ -17,7 +18,7 @@ public:
 
 extern "C" {
 // The module object; null until DllUIToolkitModuleLoad has run.
-extern Toolkit::LibModule* UIToolkitModule;
-void DllUIToolkitModuleLoad();
-void DllUIToolkitModuleUnload();
+UIKIT_API extern Toolkit::LibModule* UIToolkitModule;
+UIKIT_API void DllUIToolkitModuleLoad();
+UIKIT_API void DllUIToolkitModuleUnload();
 }

@@ -1,7 +1,7 @@
-#include "module/OpenUrlOperation.h"
+#include "app/OpenUrlOperation.h"
 
 #include "frames/IDashboard.h"
-#include "module/App.h"
+#include "app/App.h"
 
 namespace UIKit {
 

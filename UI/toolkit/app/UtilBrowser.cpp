@@ -1,8 +1,8 @@
 // Util: opening a web address without blocking the interface.
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include "Toolkit/ThreadPool.h"
-#include "module/OpenUrlOperation.h"
+#include "app/OpenUrlOperation.h"
 
 namespace UIKit {
 

@@ -2,7 +2,7 @@
 // Tells registered listeners that the application is asked to close or is
 // stopping, and shows or hides the dashboard's close button.
 #include "Toolkit/Mutex.h"
-#include "module/AppEvent.h"
+#include "app/AppEvent.h"
 #include "module/Singleton.h"
 
 #include <vector>
@@ -17,7 +17,7 @@ public:
     void RemoveListener(Toolkit::smart_ptr<AppEvent> listener);
 
     // Asks every listener in order; the first veto stops the round and
-    // gives false. Listeners must not add or remove listeners meanwhile.
+    // gives false. A round calls the listeners registered when it began.
     bool DispatchAppRequestClose();
     void DispatchAppStopping();
 
@@ -25,6 +25,8 @@ public:
     void ShowCloseButton(bool show);
 
 private:
+    std::vector<Toolkit::smart_ptr<AppEvent>> listeners();
+
     Toolkit::Mutex m_lock;
     std::vector<Toolkit::smart_ptr<AppEvent>> m_listeners;
 };

@@ -1,6 +1,6 @@
 #include "TestSupport.h"
 #include "controls/PanelCtrl.h"
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include <gtest/gtest.h>
 

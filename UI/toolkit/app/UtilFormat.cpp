@@ -1,5 +1,5 @@
 // Util: display formatting of volumes, speeds, durations and phone numbers.
-#include "module/Util.h"
+#include "util/Util.h"
 
 #include "Toolkit/Locales.h"
 #include "Toolkit/UTF8.h"

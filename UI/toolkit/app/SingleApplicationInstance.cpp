@@ -1,8 +1,8 @@
-#include "module/SingleApplicationInstance.h"
+#include "app/SingleApplicationInstance.h"
 
 #include "Toolkit/IPCClient.h"
 #include "Toolkit/SingleApplicationInstance.h"
-#include "module/IPCActivateAppConnection.h"
+#include "app/IPCActivateAppConnection.h"
 
 namespace UIKit {
 
