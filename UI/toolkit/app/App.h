@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The application object of the connection manager. It makes itself and the
 // main dashboard window reachable from anywhere; the host derives from it.
 #include "Toolkit/WxLogForwarder.h"
@@ -10,7 +11,7 @@ namespace UIKit {
 
 class IDashboard;
 
-class App : public wxApp {
+class UIKIT_API App : public wxApp {
 public:
     // The running application, set by OnInit and never cleared.
     static App* m_wxApp;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Tells registered listeners that the application is asked to close or is
 // stopping, and shows or hides the dashboard's close button.
 #include "Toolkit/Mutex.h"
@@ -9,7 +10,7 @@
 
 namespace UIKit {
 
-class AppController : public Singleton<AppController> {
+class UIKIT_API AppController : public Singleton<AppController> {
 public:
     // Appends a listener; the same listener may be added more than once.
     void AddListener(Toolkit::smart_ptr<AppEvent> listener);

@@ -1,11 +1,12 @@
 #pragma once
+#include "module/Export.h"
 // Handles commands that a second start of the application sends to the
 // running one: "IPC_ACTIVATE" brings the main window to the front.
 #include "Toolkit/IPCConnectionEvent.h"
 
 namespace UIKit {
 
-class IPCActivateAppConnection : public Toolkit::IPCConnectionEvent {
+class UIKIT_API IPCActivateAppConnection : public Toolkit::IPCConnectionEvent {
 public:
     static const TString<wchar_t> c_strActivateAppCmd;
 

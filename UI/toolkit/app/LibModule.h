@@ -7,7 +7,7 @@
 
 namespace UIKit {
 
-class LibModule : public Toolkit::LibModule {
+class UIKIT_API LibModule : public Toolkit::LibModule {
 public:
     ~LibModule() override = default;
     void Initialize() override;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Opens a web address in the desktop's browser; runs on a pool thread so a
 // slow browser start never blocks the interface.
 #include "Toolkit/BackgroundOperation.h"
@@ -6,7 +7,7 @@
 
 namespace UIKit {
 
-class OpenUrlOperation : public Toolkit::BackgroundOperation {
+class UIKIT_API OpenUrlOperation : public Toolkit::BackgroundOperation {
 public:
     explicit OpenUrlOperation(const TString<wchar_t>& url) : m_url(url) {}
     void DoOperation() override;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Detects a second start of the application and lets it bring the first
 // one's window to the front over the inter-process channel.
 //
@@ -11,7 +12,7 @@
 
 namespace UIKit {
 
-class SingleApplicationInstance : public Singleton<SingleApplicationInstance> {
+class UIKIT_API SingleApplicationInstance : public Singleton<SingleApplicationInstance> {
 public:
     SingleApplicationInstance();
     ~SingleApplicationInstance();

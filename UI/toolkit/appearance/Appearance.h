@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The active appearance pack and what comes out of it: description files,
 // images (decoded once, cached by file name), image controls (cached by
 // image, size and margins), the pack's cultures and the string table of the
@@ -34,7 +35,7 @@ class IPack;
 class ImageCtrl;
 class ImageDescriptor;
 
-class Appearance : public Singleton<Appearance>, public IResourceProvider {
+class UIKIT_API Appearance : public Singleton<Appearance>, public IResourceProvider {
 public:
     using Cultures = CultureChoice::Cultures;
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The bundle configuration of the product, an INI file naming the main
 // bundle ("MainBundle" or "MainBundle.<selector>": "Entry" and "Plugs") and
 // each bundle's graphical-interface plug-ins ("Bundle.<name>": "GipDep").
@@ -12,7 +13,7 @@
 
 namespace UIKit {
 
-class ConfDataFile : public Singleton<ConfDataFile> {
+class UIKIT_API ConfDataFile : public Singleton<ConfDataFile> {
 public:
     ConfDataFile();
     virtual ~ConfDataFile();

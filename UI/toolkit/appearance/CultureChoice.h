@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The cultures of the selected pack, which one is in use, and its string
 // table. The culture is chosen from an ordered list of preferred cultures
 // (built-in "en", "es", "fr"; the system language; the user's stored
@@ -20,7 +21,7 @@ namespace UIKit {
 
 class IPack;
 
-class CultureChoice {
+class UIKIT_API CultureChoice {
 public:
     using Culture = Toolkit::smart_ptr<Toolkit::CultureInfo>;
     using Cultures = std::vector<Culture>;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The rules that pick a culture: the culture code of a C locale name, the
 // preference list, and which of a pack's cultures a preferred culture
 // leads to (exactly, or by falling back to its neutral or Chinese script
@@ -11,7 +12,7 @@
 
 namespace UIKit {
 
-class CultureRules {
+class UIKIT_API CultureRules {
 public:
     using Cultures = std::vector<Toolkit::smart_ptr<Toolkit::CultureInfo>>;
 

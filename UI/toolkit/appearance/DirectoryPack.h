@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A pack that is a plain directory. Files are opened when they are read;
 // names that would leave the directory ("..", absolute paths) are refused,
 // as a zip pack refuses such entries.
@@ -6,7 +7,7 @@
 
 namespace UIKit {
 
-class DirectoryPack : public IPack {
+class UIKIT_API DirectoryPack : public IPack {
 public:
     explicit DirectoryPack(const TString<wchar_t>& path);
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // One appearance pack, a zip archive or a directory holding the same tree:
 // description files at the top, images under "graphics", language files
 // under one "strings.<culture>" folder each. Entry names are relative to the
@@ -18,7 +19,7 @@
 
 namespace UIKit {
 
-class IPack {
+class UIKIT_API IPack {
 public:
     // The bytes of one open entry, read in chunks.
     class Entry {

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The decoded images of the packs by identifier (the file name under
 // "graphics", extension included). Images are decoded as PNG whatever their
 // extension, once per identifier, and then shared. Nothing is evicted, and
@@ -19,7 +20,7 @@ namespace UIKit {
 
 class IPack;
 
-class ImageCache {
+class UIKIT_API ImageCache {
 public:
     // The cached image, or null.
     const wxImage* Find(const TString<wchar_t>& name) const;

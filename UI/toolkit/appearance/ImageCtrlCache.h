@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Image controls (a skin image rendered at a size with its margins), shared
 // by every request for the same image, size and four margins. The key is
 // text: "button.png[120x32,4.4.4.4]". Nothing is evicted.
@@ -16,7 +17,7 @@ class ImageCache;
 class ImageCtrl;
 class ImageDescriptor;
 
-class ImageCtrlCache {
+class UIKIT_API ImageCtrlCache {
 public:
     // The control for the descriptor's image at size; made from the image
     // cache on the first request (no image is loaded here). Null for a null

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // One line of a language file, in the resource-script style:
 //
 //     // CULTURE fr Français        header: culture code and native name
@@ -13,7 +14,7 @@
 
 namespace UIKit {
 
-class LanguageLine {
+class UIKIT_API LanguageLine {
 public:
     enum Kind {
         Blank,      // empty line

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The strings of the current culture by key. Keys are UTF-8 and
 // case-sensitive; a later definition of a key replaces the earlier one.
 // References handed out stay valid until the key is replaced or the table
@@ -10,7 +11,7 @@
 
 namespace UIKit {
 
-class StringTable {
+class UIKIT_API StringTable {
 public:
     StringTable();
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A pack that is a zip archive. The archive is opened once, when the pack
 // is made, and stays open until the pack goes, so that reading many
 // resources does not reopen and relist it each time. Entry names that could
@@ -9,7 +10,7 @@
 
 namespace UIKit {
 
-class ZipPack : public IPack {
+class UIKIT_API ZipPack : public IPack {
 public:
     // Opens the archive; a file that is not a zip archive is logged by the
     // archive reader and gives a pack that lists and reads nothing.

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The skinned push button: one image per state (normal, disabled, selected,
 // pointer over, pressed), a fitted label in the description's font, a tool
 // tip, and a click event on release over the button, at most once every
@@ -10,7 +11,7 @@
 
 namespace UIKit {
 
-class ButtonCtrl : public PanelCtrl {
+class UIKIT_API ButtonCtrl : public PanelCtrl {
 public:
     static constexpr uint32_t c_clickIntervalMs = 500;
 

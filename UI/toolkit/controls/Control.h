@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The base of every skinned window: it ties the window to the descriptor it
 // was built from and to the pack it reads images from, and keeps the small
 // interaction state all controls redraw from (loaded, pointer inside,
@@ -16,7 +17,7 @@ class IDelegate;
 class IDataSource;
 class IResourceProvider;
 
-class Control : public wxWindow {
+class UIKIT_API Control : public wxWindow {
 public:
     Control(wxWindow* parent, int id, const wxRect& bounds, long style);
     ~Control() override = default;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A skinned panel hosting one native text box configured from the
 // description (password, multi-line, read-only, border, alignment, font).
 // Focus changes and special keys of the box become the library's events.
@@ -10,7 +11,7 @@ namespace UIKit {
 
 class MyTextControl;
 
-class EditTextCtrl : public PanelCtrl {
+class UIKIT_API EditTextCtrl : public PanelCtrl {
 public:
     static const wxEventType EVT_EDIT_TEXT_SET_FOCUS;
     static const wxEventType EVT_EDIT_TEXT_KILL_FOCUS;

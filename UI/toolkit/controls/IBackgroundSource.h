@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A window that skinned controls placed in it copy their background from:
 // skinned controls themselves (their cached rendering) and skinned frames
 // (their background image). Partly transparent controls then look as if
@@ -9,7 +10,7 @@
 
 namespace UIKit {
 
-class IBackgroundSource {
+class UIKIT_API IBackgroundSource {
 public:
     virtual ~IBackgroundSource() = default;
     // Draws into `dc` at (0, 0) the part `area` (this window's coordinates)

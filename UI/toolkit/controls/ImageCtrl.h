@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A skin image rendered at a given size by the nine-slice rule: the corners
 // are kept as they are, the edges are stretched along their length and the
 // centre in both directions, so that one small image can dress a panel or a
@@ -14,7 +15,7 @@ namespace UIKit {
 
 class ImageDescriptor;
 
-class ImageCtrl {
+class UIKIT_API ImageCtrl {
 public:
     // Margins in the order an image descriptor lists its "margin" values.
     ImageCtrl(const wxImage& image, const wxSize& size, unsigned int top, unsigned int left, unsigned int right,

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // How buttons and static texts place and draw their label: inside the
 // control's padding (or two pixels in from its edges without one), in the
 // description's font and colour for the enabled state.
@@ -12,7 +13,7 @@ namespace UIKit {
 class BaseCtrlDescriptor;
 class FontDescriptor;
 
-class LabelPainter {
+class UIKIT_API LabelPainter {
 public:
     // The rectangle of a control of that size the label is fitted into.
     static wxRect Area(const wxSize& size, const BaseCtrlDescriptor* descriptor);

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The native text box inside an edit control. It reports focus changes and
 // keys to its owner, and never inserts Tab or a plain Return.
 #include <wx/textctrl.h>
@@ -7,7 +8,7 @@ namespace UIKit {
 
 class EditTextCtrl;
 
-class MyTextControl : public wxTextCtrl {
+class UIKIT_API MyTextControl : public wxTextCtrl {
 public:
     // Placed at `area` of the owner.
     MyTextControl(EditTextCtrl& owner, int id, const wxRect& area, long style);

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The plain skinned container: three background images (normal, disabled,
 // selected), keyboard events turned into library events, and the shared
 // hand and wait cursors. Buttons, lists and screens derive from it.
@@ -10,7 +11,7 @@
 
 namespace UIKit {
 
-class PanelCtrl : public SkinnedControl {
+class UIKIT_API PanelCtrl : public SkinnedControl {
 public:
     static const wxEventType EVT_KEYPRESSED_ENTER;
     static const wxEventType EVT_KEYDOWN;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The drawing model of skinned controls: a control paints its background by
 // copying the part of its parent's rendering under it, overlays its
 // background colour, then draws its content. Each control caches its full
@@ -10,7 +11,7 @@
 
 namespace UIKit {
 
-class SkinnedControl : public Control, public IBackgroundSource {
+class UIKIT_API SkinnedControl : public Control, public IBackgroundSource {
 public:
     SkinnedControl(wxWindow* parent, int id, const wxRect& bounds, long style);
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The one call a host makes to register every control class of the library
 // with its factory, under the class names skins use. The library registers
 // nothing by itself: the host decides when, and plug-ins add their own.
@@ -6,6 +7,6 @@ namespace UIKit {
 
 class CtrlFactory;
 
-void RegisterStandardControls(CtrlFactory& factory);
+UIKIT_API void RegisterStandardControls(CtrlFactory& factory);
 
 } // namespace UIKit

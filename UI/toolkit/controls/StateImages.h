@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The images a panel or a button shows, one per state, and the one rule
 // that picks the image for the control's state. A state without an image
 // of its own falls through to the next rule.
@@ -8,7 +9,7 @@ namespace UIKit {
 
 class ImageCtrl;
 
-struct StateImages {
+struct UIKIT_API StateImages {
     Toolkit::smart_ptr<ImageCtrl> normal;
     Toolkit::smart_ptr<ImageCtrl> disabled;
     Toolkit::smart_ptr<ImageCtrl> selected;

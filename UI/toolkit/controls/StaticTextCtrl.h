@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A skinned label: it fits its text into its area with the description's
 // font and alignment, draws it over the panel's background, and lets every
 // mouse event through to its parent (so a label on a button is part of the
@@ -9,7 +10,7 @@
 
 namespace UIKit {
 
-class StaticTextCtrl : public PanelCtrl {
+class UIKIT_API StaticTextCtrl : public PanelCtrl {
 public:
     StaticTextCtrl(wxWindow* parent, int id, const wxRect& bounds);
 

@@ -1,11 +1,12 @@
 #pragma once
+#include "module/Export.h"
 // An animation: a strip of frames shown one after the other.
 #include "descriptors/BaseCtrlDescriptor.h"
 #include "descriptors/ImageDescriptor.h"
 
 namespace UIKit {
 
-class AnimatedCtrlDescriptor : public BaseCtrlDescriptor {
+class UIKIT_API AnimatedCtrlDescriptor : public BaseCtrlDescriptor {
 public:
     explicit AnimatedCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
 

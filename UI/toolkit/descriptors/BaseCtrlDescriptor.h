@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The part of every control description that all controls share: identity,
 // geometry, flags, colours, placement in the parent, and the descriptors of
 // the child controls and templates declared inside it. A constructor reads
@@ -21,7 +22,7 @@ class BaseCtrlDescriptor;
 class CtrlFactory;
 using DescriptorList = std::vector<Toolkit::smart_ptr<BaseCtrlDescriptor>>;
 
-class BaseCtrlDescriptor {
+class UIKIT_API BaseCtrlDescriptor {
 public:
     explicit BaseCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
     // Copies every value and shares the child and template descriptors.

@@ -1,11 +1,12 @@
 #pragma once
+#include "module/Export.h"
 // A labelled button: the panel's enabled, disabled and selected images plus
 // the pointer-over and pressed images, a tool tip and the expand flag.
 #include "descriptors/StaticTextCtrlDescriptor.h"
 
 namespace UIKit {
 
-class ButtonCtrlDescriptor : public StaticTextCtrlDescriptor {
+class UIKIT_API ButtonCtrlDescriptor : public StaticTextCtrlDescriptor {
 public:
     explicit ButtonCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
     explicit ButtonCtrlDescriptor(const Toolkit::smart_ptr<ButtonCtrlDescriptor>& other);

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Where a thing sits inside a box: nine bit flags, written in skins by name.
 #include "Toolkit/TString.h"
 
@@ -18,6 +19,6 @@ enum ContentAlignment : int {
 
 // The alignment named by one of the nine names (exact case). An empty text
 // gives `fallbackForEmpty`; any other text gives MiddleLeft.
-ContentAlignment ParseContentAlignment(const TString<wchar_t>& text, ContentAlignment fallbackForEmpty);
+UIKIT_API ContentAlignment ParseContentAlignment(const TString<wchar_t>& text, ContentAlignment fallbackForEmpty);
 
 } // namespace UIKit::Drawing

@@ -1,10 +1,11 @@
 #pragma once
+#include "module/Export.h"
 // An edit box: its style flags and the filter applied to typed text.
 #include "descriptors/StaticTextCtrlDescriptor.h"
 
 namespace UIKit {
 
-class EditTextCtrlDescriptor : public StaticTextCtrlDescriptor {
+class UIKIT_API EditTextCtrlDescriptor : public StaticTextCtrlDescriptor {
 public:
     enum InputFilter { FilterNone = 0, FilterAscii = 1, FilterAlpha = 2, FilterAlphaNum = 3, FilterNum = 4 };
 

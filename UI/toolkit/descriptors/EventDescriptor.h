@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // One row of a navigation table ("Event" or "Shortcut" element): in this
 // sequence and state, this control id runs this transition or fires this
 // hot key. Empty fields are given meaning by the table that holds the row.
@@ -9,7 +10,7 @@ namespace UIKit {
 
 class XMLNode;
 
-struct EventDescriptor {
+struct UIKIT_API EventDescriptor {
     explicit EventDescriptor(Toolkit::smart_ptr<XMLNode> node);
 
     TString<wchar_t> state;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A font with its normal and disabled text colours, read from the "Font"
 // child of a control element.
 #include "Toolkit/smart_ptr.h"
@@ -10,7 +11,7 @@ namespace UIKit {
 
 class XMLNode;
 
-class FontDescriptor {
+class UIKIT_API FontDescriptor {
 public:
     enum FontWeight { Light, Normal, Bold };
 

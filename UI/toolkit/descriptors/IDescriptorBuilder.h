@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Builds the descriptor of an element, children included. The factory is
 // the builder; descriptor-level code that meets control elements (the
 // template registry) is handed one instead of reaching up for it.
@@ -9,7 +10,7 @@ namespace UIKit {
 class BaseCtrlDescriptor;
 class XMLNode;
 
-class IDescriptorBuilder {
+class UIKIT_API IDescriptorBuilder {
 public:
     virtual ~IDescriptorBuilder() = default;
     // Null when the element's class is unknown (the builder reports it).

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A named skin image with its nine-slice margins, read from one child
 // element: the child's text names the image, its "margin" attribute gives
 // the margins in the order top, left, right, bottom (the order the
@@ -13,7 +14,7 @@ namespace UIKit {
 
 class XMLNode;
 
-class ImageDescriptor {
+class UIKIT_API ImageDescriptor {
 public:
     ImageDescriptor(const TString<char>& childName, Toolkit::smart_ptr<XMLNode> node);
     // An image made in code (tests, generated controls).

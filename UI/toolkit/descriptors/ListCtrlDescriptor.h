@@ -1,10 +1,11 @@
 #pragma once
+#include "module/Export.h"
 // A list: a panel with an optional border and alternating row colours.
 #include "descriptors/PanelCtrlDescriptor.h"
 
 namespace UIKit {
 
-class ListCtrlDescriptor : public PanelCtrlDescriptor {
+class UIKIT_API ListCtrlDescriptor : public PanelCtrlDescriptor {
 public:
     explicit ListCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A skinned container: the base description plus its background images.
 #include "descriptors/BaseCtrlDescriptor.h"
 #include "descriptors/ImageDescriptor.h"
@@ -7,7 +8,7 @@ namespace UIKit {
 
 using ImagePtr = Toolkit::smart_ptr<ImageDescriptor>;
 
-class PanelCtrlDescriptor : public BaseCtrlDescriptor {
+class UIKIT_API PanelCtrlDescriptor : public BaseCtrlDescriptor {
 public:
     explicit PanelCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
     explicit PanelCtrlDescriptor(const Toolkit::smart_ptr<PanelCtrlDescriptor>& other);

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A progress bar: either a filling image over a background, or an animation
 // strip of frames as wide as the control.
 #include "descriptors/BaseCtrlDescriptor.h"
@@ -6,7 +7,7 @@
 
 namespace UIKit {
 
-class ProgressBarCtrlDescriptor : public BaseCtrlDescriptor {
+class UIKIT_API ProgressBarCtrlDescriptor : public BaseCtrlDescriptor {
 public:
     enum ProgressStyle { Block = 1, Continue = 2, Animation = 3 };
 

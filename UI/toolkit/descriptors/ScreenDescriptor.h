@@ -1,11 +1,12 @@
 #pragma once
+#include "module/Export.h"
 // One screen: a panel with a group name and a title (font, image, label).
 #include "descriptors/FontDescriptor.h"
 #include "descriptors/PanelCtrlDescriptor.h"
 
 namespace UIKit {
 
-class ScreenDescriptor : public PanelCtrlDescriptor {
+class UIKIT_API ScreenDescriptor : public PanelCtrlDescriptor {
 public:
     explicit ScreenDescriptor(Toolkit::smart_ptr<XMLNode> node);
 

@@ -1,11 +1,12 @@
 #pragma once
+#include "module/Export.h"
 // A control that shows a sequence of images named by its "src" attribute,
 // which the control interprets.
 #include "descriptors/BaseCtrlDescriptor.h"
 
 namespace UIKit {
 
-class SequencedImagesCtrlDescriptor : public BaseCtrlDescriptor {
+class UIKIT_API SequencedImagesCtrlDescriptor : public BaseCtrlDescriptor {
 public:
     explicit SequencedImagesCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
 

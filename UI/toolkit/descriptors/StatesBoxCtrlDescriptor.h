@@ -1,11 +1,12 @@
 #pragma once
+#include "module/Export.h"
 // A button with a state image (inactive, active, unknown) beside its label.
 #include "descriptors/ButtonCtrlDescriptor.h"
 #include "xml/Padding.h"
 
 namespace UIKit {
 
-class StatesBoxCtrlDescriptor : public ButtonCtrlDescriptor {
+class UIKIT_API StatesBoxCtrlDescriptor : public ButtonCtrlDescriptor {
 public:
     explicit StatesBoxCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
     explicit StatesBoxCtrlDescriptor(const Toolkit::smart_ptr<StatesBoxCtrlDescriptor>& other);

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A panel with a label: its text (a string-table key resolved on reading),
 // where it sits in the box, and its font.
 #include "descriptors/FontDescriptor.h"
@@ -6,7 +7,7 @@
 
 namespace UIKit {
 
-class StaticTextCtrlDescriptor : public PanelCtrlDescriptor {
+class UIKIT_API StaticTextCtrlDescriptor : public PanelCtrlDescriptor {
 public:
     explicit StaticTextCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
     explicit StaticTextCtrlDescriptor(const Toolkit::smart_ptr<StaticTextCtrlDescriptor>& other);

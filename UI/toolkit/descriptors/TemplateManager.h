@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The registry of named control descriptions ("templates") that plug-ins
 // declare; screens, list items and setting panels are built from them by
 // name. A template is keyed by its "class" value; the first registration of
@@ -11,7 +12,7 @@
 
 namespace UIKit {
 
-class TemplateManager : public Singleton<TemplateManager> {
+class UIKIT_API TemplateManager : public Singleton<TemplateManager> {
 public:
     // Registers every "Control" child of a "Templates" element, each built
     // (with its children) by the builder, normally the control factory.

@@ -1,10 +1,11 @@
 #pragma once
+#include "module/Export.h"
 // A toolbar: a panel that may hide itself when the pointer leaves.
 #include "descriptors/PanelCtrlDescriptor.h"
 
 namespace UIKit {
 
-class ToolbarCtrlDescriptor : public PanelCtrlDescriptor {
+class UIKIT_API ToolbarCtrlDescriptor : public PanelCtrlDescriptor {
 public:
     explicit ToolbarCtrlDescriptor(Toolkit::smart_ptr<XMLNode> node);
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A button description that a program can attach data to at run time (for
 // example the record a list row stands for).
 #include "descriptors/ButtonCtrlDescriptor.h"
@@ -7,7 +8,7 @@
 
 namespace UIKit {
 
-class WritableDataButtonCtrlDescriptor : public ButtonCtrlDescriptor {
+class UIKIT_API WritableDataButtonCtrlDescriptor : public ButtonCtrlDescriptor {
 public:
     using ValueMap = std::map<TString<wchar_t>, TString<wchar_t>>;
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Turns skin elements into descriptors and descriptors into controls, one
 // whole tree at a time: pack -> document -> descriptor tree -> control
 // tree. It knows no control class itself: hosts and plug-ins register one
@@ -24,7 +25,7 @@ namespace UIKit {
 
 class IResourceProvider;
 
-class CtrlFactory : public Singleton<CtrlFactory>, public IDescriptorBuilder {
+class UIKIT_API CtrlFactory : public Singleton<CtrlFactory>, public IDescriptorBuilder {
 public:
     using GeneratorPtr = Toolkit::smart_ptr<ICtrlFactoryGenerator>;
 

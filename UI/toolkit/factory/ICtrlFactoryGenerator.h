@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Knows how to make the descriptor and the control of one control class.
 // Hosts and plug-ins register one generator per class with the factory,
 // usually as a CtrlGenerator<Descriptor, Control>.
@@ -17,12 +18,12 @@ class XMLNode;
 // What the factory hands a generator along with the descriptor: the pack
 // the control reads its images from, and the factory that builds the
 // control's children once the control is loaded.
-struct ControlContext {
+struct UIKIT_API ControlContext {
     IResourceProvider* resources = nullptr;
     const CtrlFactory* factory = nullptr;
 };
 
-class ICtrlFactoryGenerator {
+class UIKIT_API ICtrlFactoryGenerator {
 public:
     virtual ~ICtrlFactoryGenerator() = default;
     // The element's own descriptor; the factory attaches the children.

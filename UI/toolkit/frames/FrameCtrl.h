@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A skinned frame built from a frame description: its background image is
 // also its shape, its children come from the factory, and skinned controls
 // placed directly in it copy their background from it.
@@ -11,7 +12,7 @@ namespace UIKit {
 class CtrlFactory;
 class ImageCtrl;
 
-class FrameCtrl : public wxSkinFrameBase, public IBackgroundSource {
+class UIKIT_API FrameCtrl : public wxSkinFrameBase, public IBackgroundSource {
 public:
     FrameCtrl(wxWindow* parent, const TString<wchar_t>& title, int id, const wxRect& bounds, long style);
 

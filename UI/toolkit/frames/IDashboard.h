@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The application's main window: a skinned frame that the host implements.
 // It owns two signals that let the host keep the interface responsive while
 // it waits (closing, waiting), the placeholder in which screens are shown,
@@ -15,7 +16,7 @@ namespace UIKit {
 class Control;
 class ScreenCtrl;
 
-class IDashboard : public FrameCtrl {
+class UIKIT_API IDashboard : public FrameCtrl {
 public:
     explicit IDashboard(const wxRect& bounds);
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A top-level frame without the system's decoration look: its outline is
 // cut to the shape of its background (magenta, or alpha below 128, is cut
 // away), the user drags it by any point of its surface, and its own close
@@ -9,7 +10,7 @@
 
 namespace UIKit {
 
-class wxSkinFrameBase : public wxFrame {
+class UIKIT_API wxSkinFrameBase : public wxFrame {
 public:
     wxSkinFrameBase();
     wxSkinFrameBase(wxWindow* parent, const TString<wchar_t>& title, int id, wxRect bounds, long style);

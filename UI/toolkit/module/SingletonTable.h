@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The managers that module initialisation creates, each with its place in
 // the creation order and its (different) place in the release order.
 #include "module/Singleton.h"
@@ -8,7 +9,7 @@
 
 namespace UIKit {
 
-class SingletonTable {
+class UIKIT_API SingletonTable {
 public:
     struct Row {
         std::string name;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Static helpers shared by the controls and screens: display formatting of
 // volumes, speeds, durations and phone numbers; fitting labels into boxes;
 // finding, showing, enabling and labelling controls by id or name; short
@@ -26,7 +27,7 @@ namespace UIKit {
 class Control;
 class FontDescriptor;
 
-class Util {
+class UIKIT_API Util {
 public:
     enum MotionType : int32_t {
         ResizeHorizontal = 0,

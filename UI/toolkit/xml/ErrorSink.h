@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Where every problem found while reading an appearance pack, a plug-in item
 // file or any other skin document goes: malformed XML, an unknown control
 // class, a missing image, an undefined template or string key, a value that
@@ -16,7 +17,7 @@
 
 namespace UIKit {
 
-struct PackError {
+struct UIKIT_API PackError {
     std::string file;    // as the pack names it ("dashboard.xml"), empty when unknown
     int line = 0;        // 1-based; 0 when the problem has no line
     std::string message; // what is wrong, in one sentence
@@ -24,7 +25,7 @@ struct PackError {
     std::string Format() const;
 };
 
-class ErrorSink {
+class UIKIT_API ErrorSink {
 public:
     using Handler = std::function<void(const PackError&)>;
 

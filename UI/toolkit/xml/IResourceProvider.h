@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // What documents and controls need from an appearance pack: description
 // files, images, strings, and images rendered at a control's size. The
 // appearance implements it; the factory is handed one and passes it to the
@@ -16,7 +17,7 @@ namespace UIKit {
 class ImageCtrl;
 class ImageDescriptor;
 
-class IResourceProvider {
+class UIKIT_API IResourceProvider {
 public:
     virtual ~IResourceProvider() = default;
 

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Four signed 16-bit distances around a content box, read from skin values
 // such as margin="4,2,4,2" (left, top, right, bottom).
 #include "Toolkit/smart_ptr.h"
@@ -7,7 +8,7 @@
 
 namespace UIKit {
 
-class Padding {
+class UIKIT_API Padding {
 public:
     Padding() = default;
     Padding(int16_t left, int16_t top, int16_t right, int16_t bottom);

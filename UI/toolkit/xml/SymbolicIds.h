@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The symbolic id vocabulary of skin, event and plug-in descriptions, which
 // the XML reader turns into numbers. The list itself is SymbolicIds.def.
 #include <string_view>
@@ -22,9 +23,9 @@ enum PluginId : int {
 #undef UIKIT_PLUGIN_ID
 
 // The number of a symbolic id (exact, case-sensitive name), or -1.
-int LookupSymbolicId(std::string_view name);
+UIKIT_API int LookupSymbolicId(std::string_view name);
 
 // The name of an id, or an empty view when the number has none.
-std::string_view SymbolicIdName(int id);
+UIKIT_API std::string_view SymbolicIdName(int id);
 
 } // namespace UIKit

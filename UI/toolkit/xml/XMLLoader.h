@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Reads typed values from one element of a skin document. A loader made by
 // LoadFromFile, LoadFromAppearance or LoadFromBytes owns its tree (parsed
 // lazily: children on first access) and frees it when destroyed or loaded
@@ -29,7 +30,7 @@ namespace UIKit {
 
 class IResourceProvider;
 
-class XMLLoader {
+class UIKIT_API XMLLoader {
 public:
     XMLLoader();
     // Borrows the node's element and reads through the node's origin.

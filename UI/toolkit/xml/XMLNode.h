@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A shareable handle on one element of a loaded tree, from which descriptors
 // are built. It borrows the element: the XMLLoader that owns the tree must
 // outlive every node made from it. Each node also carries its document's
@@ -15,7 +16,7 @@ namespace UIKit {
 class IResourceProvider;
 
 // Where the elements of one loaded document come from.
-struct DocumentOrigin {
+struct UIKIT_API DocumentOrigin {
     // The name problems are reported under ("dashboard.xml"); may be empty.
     std::string file;
     // The pack images and labels are read from; not owned, may be null.
@@ -25,7 +26,7 @@ struct DocumentOrigin {
     int LineOf(const XML_NODE* element) const;
 };
 
-class XMLNode {
+class UIKIT_API XMLNode {
 public:
     // Reads the element's name and its "class" and "name" attributes once.
     explicit XMLNode(XML_NODE* element, Toolkit::smart_ptr<DocumentOrigin> origin = {});

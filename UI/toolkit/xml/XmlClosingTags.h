@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Where deeply nested elements close, learnt while the closing tag of one of
 // their same-name ancestors was searched. Lazy parsing searches the closing
 // tag of every element it defers; without this a chain of thousands of
@@ -11,7 +12,7 @@
 
 namespace UIKit {
 
-class XmlClosingTags {
+class UIKIT_API XmlClosingTags {
 public:
     static constexpr std::size_t kMinDepth = 16;
 

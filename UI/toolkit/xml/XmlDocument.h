@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The memory of one parsed document: a private copy of its text (unless the
 // caller lends it) and an arena from which every element, string, attribute
 // array and child array of the tree is allocated. Everything is released together when the
@@ -15,7 +16,7 @@
 
 namespace UIKit {
 
-class XmlDocument {
+class UIKIT_API XmlDocument {
 public:
     XmlDocument() = default;
     XmlDocument(const XmlDocument&) = delete;

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The five predefined entities and their decoding. The tables are searched
 // in their order, so "&lt;" is tried before "&amp;".
 #include <cstddef>
@@ -23,10 +24,10 @@ constexpr uint32_t CDATA_OUT_LEN = 3;
 // numeric references included, is copied unchanged. The output is never
 // longer than the input, so `out` may equal `in` (decoding in place). No
 // NUL is written.
-uint32_t tag_code_to_tag(char* out, const char* in, uint32_t length);
+UIKIT_API uint32_t tag_code_to_tag(char* out, const char* in, uint32_t length);
 
 // The reverse: appends `length` bytes of `in` to `out` with each of the five
 // characters written as its entity, so that decoding gives `in` back.
-void tag_to_tag_code(std::string& out, const char* in, uint32_t length);
+UIKIT_API void tag_to_tag_code(std::string& out, const char* in, uint32_t length);
 
 } // namespace UIKit

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Parses document text into elements. The text is only read, never
 // changed: names and decoded values are copied into the document's arena,
 // so a lazy parse touches no byte of the children it keeps pending, and the
@@ -19,7 +20,7 @@
 
 namespace UIKit {
 
-class XmlParser {
+class UIKIT_API XmlParser {
 public:
     XmlParser(XmlDocument& document, bool lazy);
 

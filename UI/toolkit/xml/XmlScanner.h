@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Byte-level scanning over a range [pos, end) of a document's text. Every
 // function stays inside the range, whatever the bytes are, and none writes:
 // the text may belong to the caller.
@@ -45,7 +46,7 @@ inline char At(const char* pos, const char* end, size_t offset)
 }
 
 // The first occurrence of the NUL-terminated `text` at or after pos, or end.
-const char* FindText(const char* pos, const char* end, const char* text);
+UIKIT_API const char* FindText(const char* pos, const char* end, const char* text);
 
 // Whether the range at pos begins with the literal.
 template <size_t N>
@@ -73,17 +74,17 @@ inline bool NameAt(const char* pos, const char* end, const char* name, size_t le
 
 // Position after a comment starting at pos ("<!--"), or end when the
 // comment never closes.
-const char* SkipComment(const char* pos, const char* end);
+UIKIT_API const char* SkipComment(const char* pos, const char* end);
 
 // Position after the next ">" at or after pos, or end.
-const char* AfterTagEnd(const char* pos, const char* end);
+UIKIT_API const char* AfterTagEnd(const char* pos, const char* end);
 
 // In the content of an element named `name`, starting at pos: the "<" of
 // the element's own closing tag, counting nested elements of the same name
 // (an opening tag counts unless it ends in "/>") and stepping over comments
 // and CDATA sections; end when the element never closes. Where deeply
 // nested elements of the same name close is added to `learnt`.
-const char* FindClosingTag(const char* pos, const char* end, const char* name, size_t length,
+UIKIT_API const char* FindClosingTag(const char* pos, const char* end, const char* name, size_t length,
                            XmlClosingTags& learnt);
 
 } // namespace UIKit::XmlScanner

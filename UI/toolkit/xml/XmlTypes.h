@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // The records of the document layer: elements, tag records, growable arrays
 // and result codes. They are plain structs so that a whole tree lives in the
 // memory of its XmlDocument and is freed in one step. This layer depends on
@@ -22,7 +23,7 @@ inline bool XML_FAILED(uint32_t result)
 }
 
 // A name with its value: an attribute, or an element's name and text.
-struct XML_TAG {
+struct UIKIT_API XML_TAG {
     char* name;           // NUL-terminated, in the document's memory
     char* value;          // NUL-terminated, decoded; null when absent or empty
     uint32_t valueLength; // bytes of value, without the NUL
@@ -31,7 +32,7 @@ struct XML_TAG {
 
 // The three strings of a <!DOCTYPE name "first" "second"> line; each null
 // when the line does not have it.
-struct XML_DOCTYPE {
+struct UIKIT_API XML_DOCTYPE {
     char* name;
     char* first;
     char* second;
@@ -52,7 +53,7 @@ struct XML_ARRAY {
 
 // A problem found in a document's text. The reader keeps going after one:
 // whatever could be read stays in the tree.
-struct XML_ERROR {
+struct UIKIT_API XML_ERROR {
     const char* file;  // the name given to the document, null when none
     uint32_t line;     // 1-based line where it was found, 0 when unknown
     const char* cause; // a short phrase, e.g. "comment opened on line 3 is not closed"
@@ -62,7 +63,7 @@ struct XML_ERROR {
 // given with the handler.
 using XML_ERROR_HANDLER = void (*)(const XML_ERROR& error, void* context);
 
-struct _XML_NODE {
+struct UIKIT_API _XML_NODE {
     XML_TAG tag;                      // name and text
     XML_ARRAY<XML_TAG> attributes;    // in document order
     XML_ARRAY<_XML_NODE*> children;   // in document order

@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // Writes a tree back to text that the reader parses into the same tree:
 // names as stored, attribute values and text with the five entity
 // characters encoded, CDATA values as CDATA sections (as text when they hold
@@ -15,6 +16,6 @@ namespace UIKit {
 
 // Appends the element and its subtree to `text`, parsing pending children
 // first. Iterative, so deep trees cost no call stack.
-uint32_t node_write(XML_NODE* element, std::string& text);
+UIKIT_API uint32_t node_write(XML_NODE* element, std::string& text);
 
 } // namespace UIKit

@@ -2,6 +2,8 @@
 
 #include "appearance/IPack.h"
 
+#include <wx/colour.h>
+
 using appearancetest::AppearanceTest;
 using appearancetest::ErrorCapture;
 using appearancetest::Files;
