@@ -95,11 +95,14 @@ bool IniFile::Open(const TString<char>& path, Report report)
     default:
         return false;
     }
-    Findings findings;
-    parse(bytes, findings);
-    if (report == Report::Log)
-        this->report(findings);
+    parse(bytes, report);
     return true;
+}
+
+void IniFile::Load(std::string_view text, Report report)
+{
+    Clear();
+    parse(text, report);
 }
 
 void IniFile::Clear()
@@ -111,8 +114,9 @@ void IniFile::Clear()
     m_incomplete = false;
 }
 
-void IniFile::parse(std::string_view text, Findings& findings)
+void IniFile::parse(std::string_view text, Report report)
 {
+    Findings findings;
     if (text.substr(0, 3) == "\xEF\xBB\xBF")
         text.remove_prefix(3);
     Section* current = &section(L"");
@@ -121,6 +125,8 @@ void IniFile::parse(std::string_view text, Findings& findings)
         if (!parseLine(nextLine(text, pos), number, current, findings))
             m_malformed.push_back(number);
     }
+    if (report == Report::Log)
+        this->report(findings);
 }
 
 bool IniFile::parseLine(std::string_view bytes, size_t number, Section*& current, Findings& findings)

@@ -53,6 +53,9 @@ public:
     // and limits reached do not make it fail.
     bool Open(const TString<char>& path, Report report = Report::Log);
     bool Open(const TString<wchar_t>& path, Report report = Report::Log);
+    // Reads the text of a file named by GetPath(), replacing the current
+    // content, as Open does once it has the file's bytes.
+    void Load(std::string_view text, Report report = Report::Log);
     const TString<char>& GetPath() const { return m_path; }
     // Names the file that Save writes and messages mention.
     void SetPath(const TString<char>& path) { m_path = path; }
@@ -108,7 +111,7 @@ private:
         size_t firstKeyOverLimit = 0;
     };
 
-    void parse(std::string_view text, Findings& findings);
+    void parse(std::string_view text, Report report);
     bool parseLine(std::string_view bytes, size_t number, Section*& current, Findings& findings);
     bool parseText(const TString<wchar_t>& line, size_t number, Section*& current, Findings& findings);
     void report(const Findings& findings) const;
