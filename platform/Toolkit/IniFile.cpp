@@ -378,7 +378,9 @@ std::vector<TString<wchar_t>> IniFile::GetKeyNames(const TString<wchar_t>& secti
 
 TString<char> IniFile::ToText() const
 {
-    TString<wchar_t> text;
+    // Written straight as UTF-8, piece by piece: no wide copy of the whole file.
+    std::string text;
+    const auto append = [&](std::wstring_view piece) { text += UTF8::ToUTF8(piece); };
     // The unnamed section has no header, so it must come first.
     std::vector<const Section*> order;
     for (const auto& s : m_sections)
@@ -389,14 +391,18 @@ TString<char> IniFile::ToText() const
             order.push_back(&s);
     for (const auto* s : order) {
         if (!s->name.empty()) {
-            if (!text.empty())
-                text += L"\n";
-            text += L"[" + s->name + L"]\n";
+            text += text.empty() ? "[" : "\n[";
+            append(s->name);
+            text += "]\n";
         }
-        for (const auto& entry : s->entries)
-            text += entry.key + L"=" + quoteIfNeeded(entry.value) + L"\n";
+        for (const auto& entry : s->entries) {
+            append(entry.key);
+            text += '=';
+            append(quoteIfNeeded(entry.value));
+            text += '\n';
+        }
     }
-    return UTF8::ToUTF8(text);
+    return TString<char>(std::move(text));
 }
 
 bool IniFile::Save()

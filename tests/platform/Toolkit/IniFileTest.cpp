@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <sys/stat.h>
 
 namespace {
 
@@ -166,33 +165,6 @@ TEST(IniFileTest, LimitsDropWhatLiesPastThemAndSayWhich)
         if (c.logged) {
             EXPECT_TRUE(log.Contains(c.logged)) << log.Dump();
         }
-    }
-}
-
-// What is not a regular file is refused before it is opened for reading,
-// so nothing blocks on a FIFO or reads a device without end.
-TEST(IniFileTest, OnlyRegularFilesAreRead)
-{
-    testsupport::TempDir dir;
-    const auto fifo = dir.Path() / "fifo.ini";
-    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-    const auto zero = dir.Path() / "zero.ini";
-    std::filesystem::create_symlink("/dev/zero", zero);
-    const struct {
-        std::filesystem::path path;
-        const wchar_t* logged;
-    } cases[] = {
-        {fifo, L"fifo.ini: it is a FIFO"},
-        {zero, L"zero.ini: it is a device"},
-        {dir.Path(), L": it is a directory"},
-    };
-    for (const auto& c : cases) {
-        testsupport::LogCapture log;
-        IniFile ini;
-        EXPECT_FALSE(ini.Open(TString<char>(c.path.string())));
-        EXPECT_EQ(log.Size(), 1u) << log.Dump();
-        EXPECT_TRUE(log.Contains(std::wstring(L"refused to read ") + c.path.wstring())) << log.Dump();
-        EXPECT_TRUE(log.Contains(c.logged)) << log.Dump();
     }
 }
 
