@@ -16,6 +16,8 @@ constexpr size_t c_reportedLineNumbers = 10;
 // Characters of a malformed line quoted in its log entry.
 constexpr size_t c_excerptLength = 40;
 
+constexpr wchar_t c_byteOrderMark = 0xFEFF;
+
 bool isBlank(wchar_t c) { return c == L' ' || c == L'\t'; }
 
 // Tab is the one control character a line may hold; the others (line
@@ -48,8 +50,8 @@ const char* invalidName(const TString<wchar_t>& name, bool isKey)
         return "no name";
     if (name.HasSubstring(L"="))
         return "a \"=\"";
-    if (name.front() == L'[' || name.front() == L';' || name.front() == L'#')
-        return "a \"[\", \";\" or \"#\" in front";
+    if (name.front() == L'[' || name.front() == L';' || name.front() == L'#' || name.front() == c_byteOrderMark)
+        return "a \"[\", \";\", \"#\" or byte-order mark in front";
     return nullptr;
 }
 
@@ -152,7 +154,11 @@ bool IniFile::parseLine(std::string_view bytes, size_t number, Section*& current
 
 bool IniFile::parseText(const TString<wchar_t>& line, size_t number, Section*& current, Findings& findings)
 {
-    const auto text = line.Trim();
+    auto text = line.Trim();
+    // A byte-order mark inside the file (files joined together) is no part
+    // of the line; at the very start it is dropped with the bytes.
+    if (!text.empty() && text.front() == c_byteOrderMark)
+        text = TString<wchar_t>(text.substr(1)).Trim();
     if (text.empty() || text.front() == L';' || text.front() == L'#')
         return true;
     if (text.front() == L'[') {

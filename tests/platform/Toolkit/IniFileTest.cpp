@@ -31,7 +31,8 @@ const char* const c_bundle =
     "[Bundle.Core]\n"
     "GipDep=Browser,Settings\n"
     "gipdep=Replaced\n"
-    "Name=\xC3\x89t\xC3\xA9\n";
+    "Name=\xC3\x89t\xC3\xA9\n"
+    "\xEF\xBB\xBFJoined = second file\n";
 
 TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
 {
@@ -58,6 +59,7 @@ TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
         {L"MainBundle.Lite", L"Equation", true, L"a=b ; c"},
         {L"Bundle.Core", L"GipDep", true, L"Replaced"},
         {L"Bundle.Core", L"Name", true, L"\u00C9t\u00E9"},
+        {L"Bundle.Core", L"Joined", true, L"second file"},
         {L"MainBundle", L"Missing", false, L""},
         {L"Bundle.Sms", L"GipDep", false, L""},
     };
@@ -70,7 +72,7 @@ TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
     EXPECT_TRUE(ini.HasSection(L"BUNDLE.CORE"));
     EXPECT_FALSE(ini.HasSection(L"Bundle"));
     EXPECT_EQ(ini.GetSectionNames(), (std::vector<TString<wchar_t>>{L"", L"MainBundle", L"MainBundle.Lite", L"Bundle.Core"}));
-    EXPECT_EQ(ini.GetKeyNames(L"bundle.core"), (std::vector<TString<wchar_t>>{L"GipDep", L"Name"}));
+    EXPECT_EQ(ini.GetKeyNames(L"bundle.core"), (std::vector<TString<wchar_t>>{L"GipDep", L"Name", L"Joined"}));
 
     EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Count", -1), 42);
     EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Negative", -1), -7);
@@ -190,6 +192,7 @@ TEST(IniFileTest, SetRefusesWhatCouldNotBeReadBack)
         {L"S", L" k", L"v", false},
         {L"S", L";k", L"v", false},
         {L"S", L"[k", L"v", false},
+        {L"S", L"\uFEFFk", L"v", false},
         {L"S]", L"k", L"v", false},
         {L" S", L"k", L"v", false},
         {L"S\n", L"k", L"v", false},
