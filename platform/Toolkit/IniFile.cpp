@@ -155,9 +155,9 @@ bool IniFile::parseLine(std::string_view bytes, size_t number, Section*& current
 bool IniFile::parseText(const TString<wchar_t>& line, size_t number, Section*& current, Findings& findings)
 {
     auto text = line.Trim();
-    // A byte-order mark inside the file (files joined together) is no part
-    // of the line; at the very start it is dropped with the bytes.
-    if (!text.empty() && text.front() == c_byteOrderMark)
+    // Byte-order marks inside the file (files joined together) are no part
+    // of the line; at the very start one is dropped with the bytes.
+    while (!text.empty() && text.front() == c_byteOrderMark)
         text = TString<wchar_t>(text.substr(1)).Trim();
     if (text.empty() || text.front() == L';' || text.front() == L'#')
         return true;

@@ -32,7 +32,7 @@ const char* const c_bundle =
     "GipDep=Browser,Settings\n"
     "gipdep=Replaced\n"
     "Name=\xC3\x89t\xC3\xA9\n"
-    "\xEF\xBB\xBFJoined = second file\n";
+    "\xEF\xBB\xBF \xEF\xBB\xBFJoined = second file\n";
 
 TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
 {
