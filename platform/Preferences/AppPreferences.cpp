@@ -130,14 +130,15 @@ bool AppPreferences::load(Toolkit::IniFile& ini) const
     const auto report = isNewVersion(m_path) ? Toolkit::IniFile::Report::Log : Toolkit::IniFile::Report::Quiet;
     if (ini.Open(m_path, report))
         return true;
+    ini.Clear();
+    if (::lstat(m_path.c_str(), &st) != 0 && errno == ENOENT)
+        return true; // removed meanwhile by another process: nothing to read
     // Nothing of it can be read: keep it for the user and start afresh.
     const auto aside = CorruptFiles::MoveAside(m_path);
     TK_LOG(Toolkit::LogError) << "preferences file " << m_path << " cannot be read; "
                               << (aside.empty() ? "cannot move it aside: " + std::string(std::strerror(errno))
                                                 : "kept aside as " + aside)
                               << "; starting from empty preferences";
-    ini.Clear();
-    ini.SetPath(m_path);
     return !aside.empty();
 }
 
