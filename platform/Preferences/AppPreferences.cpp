@@ -1,5 +1,6 @@
 #include "Preferences/AppPreferences.h"
 
+#include "Preferences/CorruptFiles.h"
 #include "Toolkit/ILogger.h"
 #include "Toolkit/IniFile.h"
 #include "Toolkit/PathManager.h"
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <mutex>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Preferences {
@@ -48,6 +50,35 @@ private:
     std::lock_guard<std::recursive_mutex> m_guard;
     int m_fd = -1;
 };
+
+// What a file's problems were last reported for: each version of a file is
+// reported once, not at every Get and Set that reads it again.
+struct Version {
+    std::string path;
+    dev_t dev = 0;
+    ino_t ino = 0;
+    off_t size = 0;
+    timespec modified{};
+    bool operator==(const Version& o) const
+    {
+        return path == o.path && dev == o.dev && ino == o.ino && size == o.size &&
+               modified.tv_sec == o.modified.tv_sec && modified.tv_nsec == o.modified.tv_nsec;
+    }
+};
+
+// True the first time a version of the file is seen; called under StoreLock.
+bool isNewVersion(const TString<char>& path)
+{
+    static Version lastReported;
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0)
+        return true;
+    const Version current{path, st.st_dev, st.st_ino, st.st_size, st.st_mtim};
+    if (current == lastReported)
+        return false;
+    lastReported = current;
+    return true;
+}
 
 TString<char> directoryOf(const TString<char>& path)
 {
@@ -92,21 +123,23 @@ bool AppPreferences::load(Toolkit::IniFile& ini) const
 {
     ini.Clear();
     ini.SetPath(m_path);
-    if (!Toolkit::PathManager::Exists(m_path))
+    struct stat st {};
+    if (::lstat(m_path.c_str(), &st) != 0 && errno == ENOENT)
         return true;
-    if (!ini.Open(m_path, Toolkit::IniFile::Report::Quiet))
-        return false;
-    if (ini.GetMalformedLines().empty())
+    // Lines that cannot be read are skipped (and logged once); the others still count.
+    const auto report = isNewVersion(m_path) ? Toolkit::IniFile::Report::Log : Toolkit::IniFile::Report::Quiet;
+    if (ini.Open(m_path, report))
         return true;
-    const auto aside = m_path + ".corrupt";
-    const bool moved = std::rename(m_path.c_str(), aside.c_str()) == 0;
-    TK_LOG(Toolkit::LogError) << "preferences file " << m_path << " is corrupt (line " << ini.GetMalformedLines().front()
-                              << " is malformed); "
-                              << (moved ? "kept aside as " + aside : "cannot move it aside: " + std::string(std::strerror(errno)))
-                              << "; starting from empty preferences";
     ini.Clear();
-    ini.SetPath(m_path);
-    return moved;
+    if (::lstat(m_path.c_str(), &st) != 0 && errno == ENOENT)
+        return true; // removed meanwhile by another process: nothing to read
+    // Nothing of it can be read: keep it for the user and start afresh.
+    const auto aside = CorruptFiles::MoveAside(m_path);
+    TK_LOG(Toolkit::LogError) << "preferences file " << m_path << " cannot be read; "
+                              << (aside.empty() ? "cannot move it aside: " + std::string(std::strerror(errno))
+                                                : "kept aside as " + aside)
+                              << "; starting from empty preferences";
+    return !aside.empty();
 }
 
 bool AppPreferences::Get(const TString<char>& key, TString<wchar_t>& value) const

@@ -8,8 +8,13 @@
 // key and writes it back atomically, under a lock held by the process and
 // an flock on the directory, so that stores of different sections, in this
 // process or in another, never lose each other's keys. A crash while
-// writing leaves the previous file intact. A file that cannot be parsed is
-// renamed with ".corrupt" appended (logged) and the store starts empty.
+// writing leaves the previous file intact.
+//
+// A line that cannot be read (not UTF-8, binary, too long) is skipped with
+// one log entry per version of the file, and every other setting is kept;
+// the next write drops it. Only a file that cannot be read at all (not a
+// regular file, unreadable) is set aside (CorruptFiles, logged) and the
+// store starts empty. Reading is bounded by IniFile's limits.
 #include "Toolkit/TString.h"
 #include "Toolkit/smart_ptr.h"
 

@@ -1,5 +1,6 @@
 #include "Toolkit/ILogger.h"
 
+#include "Toolkit/LogFileSink.h"
 #include "Toolkit/UTF8.h"
 
 #include <chrono>
@@ -7,10 +8,27 @@
 #include <cstring>
 #include <ctime>
 #include <filesystem>
-#include <fstream>
 
 namespace Toolkit {
 namespace {
+
+// C0 and C1 controls and DEL drive terminals; the Unicode line and paragraph
+// separators and the bidirectional controls break or reorder a line.
+bool needsEscape(wchar_t c)
+{
+    return c < 0x20 || (c >= 0x7F && c <= 0x9F) || c == 0x2028 || c == 0x2029 || (c >= 0x202A && c <= 0x202E) ||
+           (c >= 0x2066 && c <= 0x2069);
+}
+
+TString<wchar_t> escapeCode(wchar_t c)
+{
+    wchar_t buffer[12];
+    if (c < 0x80)
+        std::swprintf(buffer, 12, L"\\x%02x", unsigned(c));
+    else
+        std::swprintf(buffer, 12, L"\\u%04x", unsigned(c));
+    return buffer;
+}
 
 const char* baseName(const char* path)
 {
@@ -25,20 +43,6 @@ public:
         const auto line = UTF8::ToUTF8(ILogger::Format(entry));
         std::fprintf(stderr, "%s\n", line.c_str());
     }
-};
-
-class FileSink : public ILogSink {
-public:
-    explicit FileSink(const std::string& path) : m_out(path, std::ios::app) {}
-    bool IsOpen() const { return m_out.is_open(); }
-    void Write(const LogEntry& entry) override
-    {
-        m_out << UTF8::ToUTF8(ILogger::Format(entry)) << '\n';
-        m_out.flush();
-    }
-
-private:
-    std::ofstream m_out;
 };
 
 } // namespace
@@ -108,13 +112,13 @@ void ILogger::SetStderrEnabled(bool enabled)
         m_sinks.insert(m_sinks.begin(), m_stderr);
 }
 
-smart_ptr<ILogSink> ILogger::AddFileSink(const TString<char>& path)
+smart_ptr<ILogSink> ILogger::AddFileSink(const TString<char>& path, size_t maxBytes)
 {
     std::error_code ec;
     std::filesystem::create_directories(std::filesystem::path(static_cast<const std::string&>(path)).parent_path(), ec);
-    auto sink = make_smart<FileSink>(path);
+    auto sink = make_smart<LogFileSink>(path, maxBytes);
     if (!sink->IsOpen()) {
-        TK_LOG(LogError) << "cannot open log file " << path;
+        TK_LOG(LogError) << "cannot open log file " << path << ": " << sink->Error();
         return {};
     }
     AddSink(sink);
@@ -130,9 +134,32 @@ void ILogger::Write(const LogEntry& entry)
 {
     if (!IsEnabled(entry.severity))
         return;
+    // Messages carry names and text from files and other processes: escaped
+    // here, no sink ever sees a character that starts a line or drives a terminal.
+    LogEntry escaped = entry;
+    escaped.message = Escape(entry.message);
     MutexLocker lock(m_lock);
     for (auto& sink : m_sinks)
-        sink->Write(entry);
+        sink->Write(escaped);
+}
+
+TString<wchar_t> ILogger::Escape(std::wstring_view text)
+{
+    TString<wchar_t> out;
+    out.reserve(text.size());
+    for (const wchar_t c : text) {
+        if (!needsEscape(c)) {
+            out += c;
+            continue;
+        }
+        switch (c) {
+        case L'\n': out += L"\\n"; break;
+        case L'\r': out += L"\\r"; break;
+        case L'\t': out += L"\\t"; break;
+        default: out += escapeCode(c);
+        }
+    }
+    return out;
 }
 
 LogStream::LogStream(int severity, const char* file, int line, const char* function)

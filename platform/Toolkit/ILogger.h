@@ -54,9 +54,15 @@ public:
     void RemoveSink(const smart_ptr<ILogSink>& sink);
     // Replaces the default stderr sink (tests and quiet hosts).
     void SetStderrEnabled(bool enabled);
-    // Adds a sink appending to a file; its directory is created. Null, with
-    // an entry on the other sinks, when the file cannot be opened.
-    smart_ptr<ILogSink> AddFileSink(const TString<char>& path);
+    // Adds a sink appending to a file (LogFileSink: private to the user,
+    // rotated at maxBytes); its directory is created. Null, with an entry on
+    // the other sinks, when the file cannot be opened.
+    static constexpr size_t c_maxLogFileBytes = 4 * 1024 * 1024;
+    smart_ptr<ILogSink> AddFileSink(const TString<char>& path, size_t maxBytes = c_maxLogFileBytes);
+    // The message as every sink receives it: control characters written as
+    // "\n", "\x1b", "\u0085" and the like, so no text can start a new
+    // line or drive a terminal.
+    static TString<wchar_t> Escape(std::wstring_view text);
 
     // Entries less severe than this are dropped.
     void SetMinimumSeverity(int severity);

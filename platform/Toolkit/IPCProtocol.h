@@ -8,7 +8,7 @@
 //   bytes 6-7  reserved, zero
 //   bytes 8-11 payload length, big-endian, at most c_maxPayload
 // A client sends one command per connection; the server answers with an
-// acknowledgement (no payload) once it has accepted the command.
+// acknowledgement (no payload) once its handlers are done with the command.
 #include "Toolkit/TString.h"
 
 #include <cstddef>

@@ -163,7 +163,7 @@ void IPCServer::closeListener()
 
 void IPCServer::serve()
 {
-    std::vector<std::unique_ptr<IPCServerConnection>> clients;
+    Clients clients;
     std::vector<pollfd> fds;
     for (;;) {
         fds.assign({{m_wakeRead.Get(), POLLIN, 0}, {m_listener.Get(), POLLIN, 0}});
@@ -180,16 +180,11 @@ void IPCServer::serve()
             return; // Stop()
         // Serve the clients polled above before accepting new ones, so the
         // indexes of fds and clients still match.
-        for (size_t i = 0; i < clients.size();) {
-            bool finished = false;
-            if (fds[i + 2].revents)
-                serviceClient(*clients[i], finished);
-            if (finished) {
-                clients.erase(clients.begin() + i);
-                fds.erase(fds.begin() + i + 2);
-            } else {
+        for (size_t i = 0, polled = 2; i < clients.size(); ++polled) {
+            if (fds[polled].revents && serviceClient(*clients[i]))
+                clients.erase(clients.begin() + std::ptrdiff_t(i));
+            else
                 ++i;
-            }
         }
         expireClients(clients);
         if (fds[1].revents)
@@ -197,9 +192,9 @@ void IPCServer::serve()
     }
 }
 
-void IPCServer::acceptClients(std::vector<std::unique_ptr<IPCServerConnection>>& clients)
+void IPCServer::acceptClients(Clients& clients)
 {
-    for (;;) {
+    for (size_t accepted = 0; accepted < c_acceptBatch; ++accepted) {
         FileDescriptor socket(::accept4(m_listener.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (!socket.IsValid()) {
             if (errno == EINTR || errno == ECONNABORTED)
@@ -210,51 +205,74 @@ void IPCServer::acceptClients(std::vector<std::unique_ptr<IPCServerConnection>>&
         }
         const IPCProtocol::Peer peer = IPCProtocol::GetPeer(socket.Get());
         if (!IPCProtocol::IsSameUser(peer)) {
-            TK_LOG(LogError) << "IPC peer " << IPCProtocol::Describe(peer) << " refused on " << m_path
-                             << ": not the same user";
+            refuse(peer, "refused: not the same user");
             continue;
         }
-        if (clients.size() >= c_maxClients) {
-            TK_LOG(LogError) << "IPC peer " << IPCProtocol::Describe(peer) << " refused on " << m_path
-                             << ": too many clients at once";
-            continue;
-        }
-        clients.push_back(
-            std::make_unique<IPCServerConnection>(std::move(socket), peer, GetTickCount() + c_readTimeoutMs));
+        auto client = std::make_unique<IPCServerConnection>(std::move(socket), peer, GetTickCount() + c_readTimeoutMs);
+        // A command that is already there is served at once, ahead of the
+        // clients that still have to send theirs.
+        if (!serviceClient(*client))
+            admit(clients, std::move(client));
     }
 }
 
-void IPCServer::serviceClient(IPCServerConnection& client, bool& finished)
+void IPCServer::admit(Clients& clients, std::unique_ptr<IPCServerConnection> client)
+{
+    const auto samePeer = [&](const std::unique_ptr<IPCServerConnection>& other) {
+        return other->Peer().pid == client->Peer().pid;
+    };
+    if (size_t(std::count_if(clients.begin(), clients.end(), samePeer)) >= c_maxClientsPerPeer) {
+        refuse(client->Peer(), "refused: " + std::to_string(c_maxClientsPerPeer) +
+                                   " connections of this process are already waiting");
+        return;
+    }
+    if (clients.size() >= c_maxClients) {
+        refuse(clients.front()->Peer(), "dropped unfinished to make room for a newer client");
+        clients.erase(clients.begin());
+    }
+    clients.push_back(std::move(client));
+}
+
+bool IPCServer::serviceClient(IPCServerConnection& client)
 {
     const auto state = client.ReadAvailable();
     if (state == IPCServerConnection::State::Reading)
-        return;
-    finished = true;
-    const std::string peer = IPCProtocol::Describe(client.Peer());
+        return false;
     if (state == IPCServerConnection::State::Failed) {
-        TK_LOG(LogError) << "IPC peer " << peer << " on " << m_path << ": " << client.Error() << "; ignored";
-        return;
+        refuse(client.Peer(), client.Error() + "; ignored");
+        return true;
     }
+    const std::string peer = IPCProtocol::Describe(client.Peer());
     const TString<wchar_t> command = client.Command();
-    if (!client.SendAck())
-        TK_LOG(LogError) << "IPC peer " << peer << " on " << m_path << " left before its command was acknowledged";
     TK_LOG(LogInfo) << "IPC command from " << peer << " on " << m_path << ": " << command;
-    dispatch(command);
+    // Our reference goes at the end of this call; handlers that finish later keep theirs.
+    dispatch(command, make_smart<IPCAcknowledgement>(client.TakeSocket(), peer, m_path));
+    return true;
 }
 
-void IPCServer::expireClients(std::vector<std::unique_ptr<IPCServerConnection>>& clients)
+void IPCServer::expireClients(Clients& clients)
 {
     const uint64_t now = GetTickCount();
     std::erase_if(clients, [&](const std::unique_ptr<IPCServerConnection>& client) {
         if (now < client->Deadline())
             return false;
-        TK_LOG(LogError) << "IPC peer " << IPCProtocol::Describe(client->Peer()) << " on " << m_path
-                         << ": no complete message within " << c_readTimeoutMs << " ms; ignored";
+        refuse(client->Peer(), "no complete message within " + std::to_string(c_readTimeoutMs) + " ms; ignored");
         return true;
     });
 }
 
-void IPCServer::dispatch(const TString<wchar_t>& command)
+void IPCServer::refuse(const IPCProtocol::Peer& peer, const std::string& what)
+{
+    size_t heldBack = 0;
+    if (!m_refusals.Allow(heldBack))
+        return;
+    LogStream log(LogError, __FILE__, __LINE__, __func__);
+    log << "IPC peer " << IPCProtocol::Describe(peer) << " on " << m_path << ": " << what;
+    if (heldBack > 0)
+        log << " (" << heldBack << " more refused or dropped clients not logged)";
+}
+
+void IPCServer::dispatch(const TString<wchar_t>& command, const smart_ptr<IPCAcknowledgement>& ack)
 {
     std::vector<smart_ptr<IPCConnectionEvent>> handlers;
     {
@@ -263,7 +281,7 @@ void IPCServer::dispatch(const TString<wchar_t>& command)
     }
     for (const auto& handler : handlers) {
         try {
-            handler->OnExecute(command);
+            handler->OnCommand(command, ack);
         } catch (const std::exception& e) {
             TK_LOG(LogError) << "IPC handler on " << m_path << " failed: " << e.what();
         } catch (...) {

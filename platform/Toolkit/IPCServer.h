@@ -4,17 +4,23 @@
 // use. Run() starts a thread that accepts clients, reads one command from
 // each and hands it to every registered IPCConnectionEvent.
 //
-// Threads: OnExecute is called on the server's own thread, one command at
+// Threads: handlers are called on the server's own thread, one command at
 // a time, outside the server's lock; handlers that touch windows must hand
 // the work to the GUI thread. A handler removed while a command is being
 // delivered may still receive that one command (the server holds its own
-// reference until then).
+// reference until then). The client is acknowledged once every handler is
+// done with its command (IPCConnectionEvent::OnCommand).
 //
 // Malformed, oversized, truncated or silent clients, and clients of another
-// user, are logged (naming the peer's pid and uid) and dropped; they never
-// stop the server from serving others.
+// user, are dropped; they never stop the server from serving others. A
+// command that has fully arrived is served before anything else is waited
+// for; a peer (process) may keep only a few connections pending, and when
+// too many are pending the oldest is dropped for the newcomer. These
+// refusals are logged (naming the peer's pid and uid) at most once a second.
 #include "Toolkit/FileDescriptor.h"
 #include "Toolkit/IPCConnectionEvent.h"
+#include "Toolkit/IPCProtocol.h"
+#include "Toolkit/LogThrottle.h"
 #include "Toolkit/Mutex.h"
 #include "Toolkit/TString.h"
 #include "Toolkit/smart_ptr.h"
@@ -33,8 +39,15 @@ public:
     // A client must deliver its whole command within this many milliseconds
     // (GetTickCount) of being accepted.
     static constexpr unsigned c_readTimeoutMs = 2000;
-    // Clients served at once; more are refused until some finish.
+    // Clients waited for at once; a newcomer beyond makes the oldest go.
     static constexpr size_t c_maxClients = 32;
+    // Clients of one process waited for at once; more are refused.
+    static constexpr size_t c_maxClientsPerPeer = 4;
+    // New connections taken per round, so that pending clients are served
+    // between the batches of a flood.
+    static constexpr size_t c_acceptBatch = 64;
+    // Refusals and dropped clients are logged at most this often.
+    static constexpr unsigned c_refusalLogIntervalMs = 1000;
 
     // The empty name is the application's default channel.
     explicit IPCServer(const TString<wchar_t>& name = TString<wchar_t>());
@@ -63,16 +76,22 @@ public:
 private:
     bool replaceStaleSocket();
     void serve();
-    void acceptClients(std::vector<std::unique_ptr<IPCServerConnection>>& clients);
-    void serviceClient(IPCServerConnection& client, bool& finished);
-    void expireClients(std::vector<std::unique_ptr<IPCServerConnection>>& clients);
-    void dispatch(const TString<wchar_t>& command);
+    using Clients = std::vector<std::unique_ptr<IPCServerConnection>>;
+    void acceptClients(Clients& clients);
+    void admit(Clients& clients, std::unique_ptr<IPCServerConnection> client);
+    // True when the client is finished with (served or dropped).
+    bool serviceClient(IPCServerConnection& client);
+    void expireClients(Clients& clients);
+    void dispatch(const TString<wchar_t>& command, const smart_ptr<IPCAcknowledgement>& ack);
+    // Logs a refused or dropped client, throttled.
+    void refuse(const IPCProtocol::Peer& peer, const std::string& what);
     void closeListener();
 
     TString<wchar_t> m_name;
     TString<char> m_path;
     Mutex m_lock;
     std::vector<smart_ptr<IPCConnectionEvent>> m_handlers;
+    LogThrottle m_refusals{c_refusalLogIntervalMs}; // server thread only
 
     FileDescriptor m_listener;
     FileDescriptor m_wakeRead;

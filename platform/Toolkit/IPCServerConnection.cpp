@@ -64,12 +64,4 @@ TString<wchar_t> IPCServerConnection::Command() const
     return UTF8::ToUNICODE(std::string_view(m_buffer).substr(IPCProtocol::c_headerSize, m_header.length));
 }
 
-bool IPCServerConnection::SendAck()
-{
-    const std::string ack = IPCProtocol::Encode(IPCProtocol::Ack, {});
-    // A fresh socket's send buffer always has room for one header.
-    const ssize_t n = ::send(m_socket.Get(), ack.data(), ack.size(), MSG_NOSIGNAL);
-    return n == ssize_t(ack.size());
-}
-
 } // namespace Toolkit

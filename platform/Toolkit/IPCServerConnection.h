@@ -28,8 +28,8 @@ public:
     const std::string& Error() const { return m_error; }
     // The command, once Complete.
     TString<wchar_t> Command() const;
-    // Tells the client its command was accepted; false if it has gone.
-    bool SendAck();
+    // Hands the socket over (to the acknowledgement), once Complete.
+    FileDescriptor TakeSocket() { return std::move(m_socket); }
 
 private:
     State fail(std::string error);

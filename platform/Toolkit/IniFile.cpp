@@ -2,7 +2,7 @@
 
 #include "Toolkit/AtomicFile.h"
 #include "Toolkit/ILogger.h"
-#include "Toolkit/TextFile.h"
+#include "Toolkit/RegularFile.h"
 #include "Toolkit/UTF8.h"
 
 #include <algorithm>
@@ -13,10 +13,19 @@ namespace Toolkit {
 namespace {
 
 constexpr size_t c_reportedLineNumbers = 10;
+// Characters of a malformed line quoted in its log entry.
+constexpr size_t c_excerptLength = 40;
+
+constexpr wchar_t c_byteOrderMark = 0xFEFF;
 
 bool isBlank(wchar_t c) { return c == L' ' || c == L'\t'; }
 
-bool hasLineBreakOrNul(std::wstring_view text) { return text.find_first_of(std::wstring_view(L"\r\n\0", 3)) != std::wstring_view::npos; }
+// Tab is the one control character a line may hold; the others (line
+// breaks and NUL among them) would not read back or are binary garbage.
+bool hasControlCharacter(std::wstring_view text)
+{
+    return std::any_of(text.begin(), text.end(), [](wchar_t c) { return (c < 0x20 && c != L'\t') || c == 0x7F; });
+}
 
 bool isQuoted(std::wstring_view value) { return value.size() >= 2 && value.front() == L'"' && value.back() == L'"'; }
 
@@ -31,8 +40,8 @@ TString<wchar_t> quoteIfNeeded(const TString<wchar_t>& value)
 // Why a name cannot be written so that it reads back the same; null when it can.
 const char* invalidName(const TString<wchar_t>& name, bool isKey)
 {
-    if (hasLineBreakOrNul(name))
-        return "a line break or NUL";
+    if (hasControlCharacter(name))
+        return "a control character";
     if (name != name.Trim())
         return "blanks at its ends";
     if (!isKey)
@@ -41,9 +50,28 @@ const char* invalidName(const TString<wchar_t>& name, bool isKey)
         return "no name";
     if (name.HasSubstring(L"="))
         return "a \"=\"";
-    if (name.front() == L'[' || name.front() == L';' || name.front() == L'#')
-        return "a \"[\", \";\" or \"#\" in front";
+    if (name.front() == L'[' || name.front() == L';' || name.front() == L'#' || name.front() == c_byteOrderMark)
+        return "a \"[\", \";\", \"#\" or byte-order mark in front";
     return nullptr;
+}
+
+TString<wchar_t> excerpt(const TString<wchar_t>& line)
+{
+    if (line.size() <= c_excerptLength)
+        return line;
+    return TString<wchar_t>(line.substr(0, c_excerptLength)) + L"...";
+}
+
+// The next line of `text` from `pos`, which moves past its terminator (LF,
+// CR LF or a lone CR).
+std::string_view nextLine(std::string_view text, size_t& pos)
+{
+    const size_t begin = pos;
+    const size_t stop = std::min(text.find_first_of("\r\n", begin), text.size());
+    pos = stop;
+    if (pos < text.size() && text[pos++] == '\r' && pos < text.size() && text[pos] == '\n')
+        ++pos;
+    return text.substr(begin, stop - begin);
 }
 
 } // namespace
@@ -54,36 +82,83 @@ bool IniFile::Open(const TString<char>& path, Report report)
 {
     Clear();
     m_path = path;
-    TextFile file;
-    if (!file.Open(path))
+    std::string bytes;
+    switch (RegularFile::Read(path, m_limits.fileBytes, bytes)) {
+    case RegularFile::Result::Read:
+        break;
+    case RegularFile::Result::Truncated:
+        // The cut last line would give a wrong value: keep whole lines only.
+        bytes.resize(std::min(bytes.size(), bytes.find_last_of("\r\n") + 1));
+        m_incomplete = true;
+        break;
+    case RegularFile::Result::Missing:
+        TK_LOG(LogError) << "cannot read INI file " << path << ": it does not exist";
         return false;
-    Section* current = &section(L"");
-    std::vector<TString<wchar_t>> malformedTexts;
-    TString<wchar_t> line;
-    while (file.ReadLine(line)) {
-        if (!file.IsLastLineValid() || !parseLine(line, current)) {
-            m_malformed.push_back(file.GetLineNumber());
-            malformedTexts.push_back(line);
-        }
+    default:
+        return false;
     }
-    if (file.HasError())
-        return false;
-    if (report == Report::Log)
-        reportMalformed(malformedTexts);
+    parse(bytes, report);
     return true;
+}
+
+void IniFile::Load(std::string_view text, Report report)
+{
+    Clear();
+    parse(text, report);
 }
 
 void IniFile::Clear()
 {
     m_sections.clear();
+    m_sectionIndex.clear();
     m_malformed.clear();
+    m_keys = 0;
+    m_incomplete = false;
 }
 
-bool IniFile::parseLine(const TString<wchar_t>& line, Section*& current)
+void IniFile::parse(std::string_view text, Report report)
 {
-    if (line.find(L'\0') != TString<wchar_t>::npos)
+    Findings findings;
+    if (text.substr(0, 3) == "\xEF\xBB\xBF")
+        text.remove_prefix(3);
+    Section* current = &section(L"");
+    size_t pos = 0;
+    for (size_t number = 1; pos < text.size(); ++number) {
+        if (!parseLine(nextLine(text, pos), number, current, findings))
+            m_malformed.push_back(number);
+    }
+    if (report == Report::Log)
+        this->report(findings);
+}
+
+bool IniFile::parseLine(std::string_view bytes, size_t number, Section*& current, Findings& findings)
+{
+    if (bytes.size() > m_limits.lineBytes) {
+        if (!findings.longLines++)
+            findings.firstLongLine = number;
         return false;
-    const auto text = line.Trim();
+    }
+    const auto line = UTF8::ToUNICODE(bytes);
+    // Only valid UTF-8 survives the round trip unchanged.
+    if (hasControlCharacter(line) || UTF8::ToUTF8(line) != bytes) {
+        if (findings.firstMalformed.empty())
+            findings.firstMalformed = excerpt(line);
+        return false;
+    }
+    if (parseText(line, number, current, findings))
+        return true;
+    if (findings.firstMalformed.empty())
+        findings.firstMalformed = excerpt(line);
+    return false;
+}
+
+bool IniFile::parseText(const TString<wchar_t>& line, size_t number, Section*& current, Findings& findings)
+{
+    auto text = line.Trim();
+    // Byte-order marks inside the file (files joined together) are no part
+    // of the line; at the very start one is dropped with the bytes.
+    while (!text.empty() && text.front() == c_byteOrderMark)
+        text = TString<wchar_t>(text.substr(1)).Trim();
     if (text.empty() || text.front() == L';' || text.front() == L'#')
         return true;
     if (text.front() == L'[') {
@@ -106,22 +181,31 @@ bool IniFile::parseLine(const TString<wchar_t>& line, Section*& current)
     auto value = TString<wchar_t>(text.substr(equals + 1)).Trim();
     if (isQuoted(value))
         value = TString<wchar_t>(value.substr(1, value.size() - 2));
-    for (auto& entry : current->entries) {
-        if (entry.key.equalsNoCase(key)) {
-            entry.value = value;
-            return true;
-        }
+    if (!findEntry(*current, key) && m_keys >= m_limits.keys) {
+        if (!findings.firstKeyOverLimit)
+            findings.firstKeyOverLimit = number;
+        m_incomplete = true;
+        return true;
     }
-    current->entries.push_back({key, value});
+    setEntry(*current, key, value);
     return true;
 }
 
-void IniFile::reportMalformed(const std::vector<TString<wchar_t>>& texts) const
+void IniFile::report(const Findings& findings) const
 {
-    if (m_malformed.empty())
+    if (findings.firstLongLine)
+        TK_LOG(LogError) << m_path << ':' << findings.firstLongLine << ": line longer than the limit of "
+                         << m_limits.lineBytes << " bytes skipped";
+    if (findings.firstKeyOverLimit)
+        TK_LOG(LogError) << m_path << ':' << findings.firstKeyOverLimit << ": more keys than the limit of "
+                         << m_limits.keys << "; this key and the ones after it are ignored";
+    // Lines skipped for their length alone were reported above.
+    if (m_malformed.size() == findings.longLines)
         return;
     LogStream log(LogError, __FILE__, __LINE__, __func__);
-    log << m_path << ':' << m_malformed.front() << ": malformed line skipped: \"" << texts.front() << '"';
+    log << m_path << ':' << m_malformed.front() << ": malformed line skipped";
+    if (m_malformed.front() != findings.firstLongLine)
+        log << ": \"" << findings.firstMalformed << '"';
     if (m_malformed.size() > 1) {
         log << " (" << (m_malformed.size() - 1) << " more, at line";
         for (size_t i = 1; i < m_malformed.size() && i <= c_reportedLineNumbers; ++i)
@@ -132,8 +216,8 @@ void IniFile::reportMalformed(const std::vector<TString<wchar_t>>& texts) const
 
 IniFile::Section* IniFile::findSection(const TString<wchar_t>& name)
 {
-    auto it = std::find_if(m_sections.begin(), m_sections.end(), [&](const Section& s) { return s.name.equalsNoCase(name); });
-    return it == m_sections.end() ? nullptr : &*it;
+    const auto it = m_sectionIndex.find(name.ToLower());
+    return it == m_sectionIndex.end() ? nullptr : &m_sections[it->second];
 }
 
 const IniFile::Section* IniFile::findSection(const TString<wchar_t>& name) const
@@ -145,16 +229,48 @@ IniFile::Section& IniFile::section(const TString<wchar_t>& name)
 {
     if (auto* found = findSection(name))
         return *found;
-    m_sections.push_back({name, {}});
+    m_sectionIndex.emplace(name.ToLower(), m_sections.size());
+    m_sections.push_back({name, {}, {}});
     return m_sections.back();
+}
+
+IniFile::Entry* IniFile::findEntry(Section& section, const TString<wchar_t>& key)
+{
+    const auto it = section.index.find(key.ToLower());
+    return it == section.index.end() ? nullptr : &section.entries[it->second];
 }
 
 const IniFile::Entry* IniFile::findEntry(const Section& section, const TString<wchar_t>& key)
 {
-    for (const auto& entry : section.entries)
-        if (entry.key.equalsNoCase(key))
-            return &entry;
-    return nullptr;
+    return findEntry(const_cast<Section&>(section), key);
+}
+
+void IniFile::setEntry(Section& section, const TString<wchar_t>& key, const TString<wchar_t>& value)
+{
+    if (auto* entry = findEntry(section, key)) {
+        entry->value = value;
+        return;
+    }
+    section.index.emplace(key.ToLower(), section.entries.size());
+    section.entries.push_back({key, value});
+    ++m_keys;
+}
+
+void IniFile::reindex(Section& section)
+{
+    section.index.clear();
+    for (size_t i = 0; i < section.entries.size(); ++i)
+        section.index.emplace(section.entries[i].key.ToLower(), i);
+}
+
+void IniFile::reindexSections()
+{
+    m_sectionIndex.clear();
+    m_keys = 0;
+    for (size_t i = 0; i < m_sections.size(); ++i) {
+        m_sectionIndex.emplace(m_sections[i].name.ToLower(), i);
+        m_keys += m_sections[i].entries.size();
+    }
 }
 
 bool IniFile::HasSection(const TString<wchar_t>& name) const
@@ -208,8 +324,8 @@ bool IniFile::Set(const TString<wchar_t>& sectionName, const TString<wchar_t>& k
         why = invalidName(key, true);
         what = "key";
     }
-    if (!why && hasLineBreakOrNul(value)) {
-        why = "a line break or NUL";
+    if (!why && hasControlCharacter(value)) {
+        why = "a control character";
         what = "value";
     }
     if (why) {
@@ -217,14 +333,7 @@ bool IniFile::Set(const TString<wchar_t>& sectionName, const TString<wchar_t>& k
                          << " holds " << why;
         return false;
     }
-    auto& s = section(sectionName);
-    for (auto& entry : s.entries) {
-        if (entry.key.equalsNoCase(key)) {
-            entry.value = value;
-            return true;
-        }
-    }
-    s.entries.push_back({key, value});
+    setEntry(section(sectionName), key, value);
     return true;
 }
 
@@ -240,12 +349,19 @@ bool IniFile::RemoveKey(const TString<wchar_t>& section, const TString<wchar_t>&
         return false;
     const auto before = s->entries.size();
     std::erase_if(s->entries, [&](const Entry& e) { return e.key.equalsNoCase(key); });
-    return s->entries.size() != before;
+    if (s->entries.size() == before)
+        return false;
+    m_keys -= before - s->entries.size();
+    reindex(*s);
+    return true;
 }
 
 bool IniFile::RemoveSection(const TString<wchar_t>& section)
 {
-    return std::erase_if(m_sections, [&](const Section& s) { return s.name.equalsNoCase(section); }) > 0;
+    if (std::erase_if(m_sections, [&](const Section& s) { return s.name.equalsNoCase(section); }) == 0)
+        return false;
+    reindexSections();
+    return true;
 }
 
 std::vector<TString<wchar_t>> IniFile::GetSectionNames() const
@@ -268,7 +384,9 @@ std::vector<TString<wchar_t>> IniFile::GetKeyNames(const TString<wchar_t>& secti
 
 TString<char> IniFile::ToText() const
 {
-    TString<wchar_t> text;
+    // Written straight as UTF-8, piece by piece: no wide copy of the whole file.
+    std::string text;
+    const auto append = [&](std::wstring_view piece) { text += UTF8::ToUTF8(piece); };
     // The unnamed section has no header, so it must come first.
     std::vector<const Section*> order;
     for (const auto& s : m_sections)
@@ -279,14 +397,18 @@ TString<char> IniFile::ToText() const
             order.push_back(&s);
     for (const auto* s : order) {
         if (!s->name.empty()) {
-            if (!text.empty())
-                text += L"\n";
-            text += L"[" + s->name + L"]\n";
+            text += text.empty() ? "[" : "\n[";
+            append(s->name);
+            text += "]\n";
         }
-        for (const auto& entry : s->entries)
-            text += entry.key + L"=" + quoteIfNeeded(entry.value) + L"\n";
+        for (const auto& entry : s->entries) {
+            append(entry.key);
+            text += '=';
+            append(quoteIfNeeded(entry.value));
+            text += '\n';
+        }
     }
-    return UTF8::ToUTF8(text);
+    return TString<char>(std::move(text));
 }
 
 bool IniFile::Save()

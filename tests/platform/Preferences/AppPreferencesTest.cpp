@@ -1,5 +1,7 @@
 #include "Preferences/AppPreferences.h"
 #include "Toolkit/AtomicFile.h"
+#include "Toolkit/IniFile.h"
+#include "Toolkit/UTF8.h"
 
 #include "TestSupport.h"
 
@@ -7,6 +9,8 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <functional>
+#include <sys/stat.h>
 
 namespace {
 
@@ -111,27 +115,86 @@ TEST_F(AppPreferencesTest, CrashBeforeTheRenameKeepsThePreviousFile)
     EXPECT_EQ(value, L"es");
 }
 
-TEST_F(AppPreferencesTest, CorruptFileIsSetAsideAndTheStoreStartsEmpty)
+// A line that cannot be read costs that line only: the chosen culture and
+// the other settings stay, and the problem is logged once, not at every read.
+TEST_F(AppPreferencesTest, UnreadableLinesAreSkippedAndEverythingElseKept)
 {
-    const std::string garbage = std::string("[Appearance]\nCulture=fr\n\x00\x01\x02 binary \xFF\xFE\n", 38) + "junk";
+    const struct {
+        const char* name;
+        std::string line;
+        const wchar_t* logged;
+    } cases[] = {
+        {"Latin-1 comment", "; r\xE9glages de l'utilisateur", L"preferences.ini:2: malformed line skipped"},
+        {"binary bytes", std::string("\x00\x01\x02 binary \xFF\xFE", 14), L"preferences.ini:2: malformed line skipped"},
+        {"escape sequence", "\x1b[2J\x1b]0;title\x07", L"preferences.ini:2: malformed line skipped"},
+        {"one huge value", "Huge=" + std::string(Toolkit::IniFile::c_maxLineBytes, 'x'),
+         L"preferences.ini:2: line longer than the limit of 65536 bytes skipped"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::filesystem::remove_all(m_config);
+        std::filesystem::create_directories(m_config);
+        std::ofstream(File(), std::ios::binary) << "[Appearance]\n" << c.line << "\nCulture=fr\n[Logs]\nStream=1\n";
+
+        testsupport::LogCapture log;
+        auto store = AppPreferences::Open("Appearance");
+        ASSERT_TRUE(store);
+        TString<wchar_t> value;
+        EXPECT_TRUE(store->Get("Culture", value));
+        EXPECT_EQ(value, L"fr");
+        EXPECT_FALSE(store->Get("Huge", value));
+        EXPECT_EQ(log.Size(), 1u) << log.Dump();
+        EXPECT_TRUE(log.Contains(c.logged)) << log.Dump();
+
+        // The next write keeps every readable setting and drops the bad line.
+        EXPECT_TRUE(store->Set("Culture", L"es"));
+        bool stream = false;
+        EXPECT_TRUE(AppPreferences::Open("Logs")->Get("Stream", stream));
+        EXPECT_TRUE(stream);
+        EXPECT_EQ(fileContent(File()), "[Appearance]\nCulture=es\n\n[Logs]\nStream=1\n");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_config), {}), 1) << "nothing set aside";
+        EXPECT_EQ(log.Size(), 1u) << log.Dump();
+    }
+}
+
+// What cannot be read at all is set aside without being opened for reading
+// (a FIFO would block, /dev/zero would never end), each time under a new
+// name, the newest three kept.
+TEST_F(AppPreferencesTest, WhatCannotBeReadIsSetAsideUnderANewName)
+{
     std::filesystem::create_directories(m_config);
-    std::ofstream(File(), std::ios::binary) << garbage;
-
-    testsupport::LogCapture log;
-    auto store = AppPreferences::Open("Appearance");
-    ASSERT_TRUE(store);
-    ASSERT_EQ(log.Size(), 1u) << log.Dump();
-    EXPECT_TRUE(log.Contains(L"preferences.ini is corrupt (line 3 is malformed)")) << log.Dump();
-    EXPECT_TRUE(log.Contains(L"kept aside as " + m_config.wstring() + L"/preferences.ini.corrupt")) << log.Dump();
-    EXPECT_EQ(fileContent(m_config / "preferences.ini.corrupt"), garbage);
-    EXPECT_FALSE(std::filesystem::exists(File()));
-
-    TString<wchar_t> value;
-    EXPECT_FALSE(store->Get("Culture", value));
-    EXPECT_TRUE(store->Set("Culture", L"en"));
-    EXPECT_TRUE(store->Get("Culture", value));
-    EXPECT_EQ(value, L"en");
-    EXPECT_EQ(log.Size(), 1u) << log.Dump();
+    const struct {
+        const char* name;
+        std::function<void()> make;
+        const wchar_t* logged;
+    } cases[] = {
+        {"FIFO", [&] { ASSERT_EQ(::mkfifo(File().c_str(), 0600), 0); }, L"it is a FIFO"},
+        {"symlink to /dev/zero", [&] { std::filesystem::create_symlink("/dev/zero", File()); }, L"it is a device"},
+        {"directory", [&] { std::filesystem::create_directory(File()); }, L"it is a directory"},
+        {"FIFO again", [&] { ASSERT_EQ(::mkfifo(File().c_str(), 0600), 0); }, L"it is a FIFO"},
+    };
+    int serial = 0;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        c.make();
+        testsupport::LogCapture log;
+        auto store = AppPreferences::Open("Appearance");
+        ASSERT_TRUE(store);
+        const auto aside = File().string() + ".corrupt-" + std::to_string(++serial);
+        EXPECT_EQ(log.Size(), 2u) << log.Dump();
+        EXPECT_TRUE(log.Contains(c.logged)) << log.Dump();
+        EXPECT_TRUE(log.Contains(L"cannot be read; kept aside as " + Toolkit::UTF8::ToUNICODE(aside))) << log.Dump();
+        EXPECT_TRUE(std::filesystem::exists(std::filesystem::symlink_status(aside)));
+        TString<wchar_t> value;
+        EXPECT_FALSE(store->Get("Culture", value));
+        EXPECT_TRUE(store->Set("Culture", L"en"));
+        EXPECT_TRUE(store->Get("Culture", value));
+        std::filesystem::remove(File());
+    }
+    EXPECT_FALSE(std::filesystem::exists(std::filesystem::symlink_status(File().string() + ".corrupt-1")))
+        << "only the newest three are kept";
+    for (const char* kept : {".corrupt-2", ".corrupt-3", ".corrupt-4"})
+        EXPECT_TRUE(std::filesystem::exists(std::filesystem::symlink_status(File().string() + kept))) << kept;
 }
 
 TEST_F(AppPreferencesTest, UnusableStoresAreNullWithOneLogEntry)

@@ -164,12 +164,14 @@ TEST_F(IPCTest, MalformedClientsAreLoggedAndIgnored)
         {"truncated header", "TKI", L"connection closed after 3 bytes"},
         {"nothing at all", "", L"connection closed after 0 bytes"},
     };
+    testsupport::FakeClock clock;
     IPCServer server;
     auto handler = Toolkit::make_smart<RecordingHandler>();
     server.AddConnectionHandler(handler);
     ASSERT_TRUE(server.Run());
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
+        clock.Advance(IPCServer::c_refusalLogIntervalMs); // past the throttle of refusal entries
         testsupport::LogCapture log;
         const int fd = RawConnect(server);
         ASSERT_EQ(::send(fd, c.bytes.data(), c.bytes.size(), MSG_NOSIGNAL), ssize_t(c.bytes.size()));
@@ -216,6 +218,82 @@ TEST_F(IPCTest, SilentClientTimesOutWithoutBlockingOthers)
                         L": no complete message within 2000 ms; ignored"),
               1u)
         << log.Dump();
+}
+
+// A flood of connections from one process can neither stop another start
+// from activating the first nor flood the log: refusals come once a second.
+TEST_F(IPCTest, FloodOfConnectionsCannotStopActivation)
+{
+    testsupport::FakeClock clock;
+    IPCServer server;
+    auto handler = Toolkit::make_smart<RecordingHandler>();
+    server.AddConnectionHandler(handler);
+    ASSERT_TRUE(server.Run());
+    testsupport::LogCapture log;
+    for (int round = 1; round <= 2; ++round) {
+        SCOPED_TRACE(round);
+        std::vector<int> flood;
+        for (int i = 0; i < 200; ++i)
+            flood.push_back(RawConnect(server));
+        testsupport::PeerProcess peer({"send", m_runtime, m_app, "", "IPC_ACTIVATE"});
+        EXPECT_EQ(peer.Wait(), 0) << "the second start could not activate the first";
+        EXPECT_EQ(handler->WaitFor(size_t(round)).size(), size_t(round));
+        for (const int fd : flood)
+            ::close(fd);
+        // The next round starts a second later; entries for the closed
+        // clients still in flight then fall into the last second, not a third.
+        if (round == 1)
+            clock.Advance(IPCServer::c_refusalLogIntervalMs);
+    }
+    const auto refusals = log.Count(L"IPC peer " + PeerTag());
+    EXPECT_EQ(refusals, 2u) << log.Dump();
+    EXPECT_TRUE(log.Contains(L"refused: 4 connections of this process are already waiting")) << log.Dump();
+    EXPECT_TRUE(log.Contains(L"more refused or dropped clients not logged)")) << log.Dump();
+}
+
+// A handler that finishes on another thread keeps the acknowledgement; the
+// client hears nothing until it lets go.
+TEST_F(IPCTest, ClientIsAcknowledgedOnceHandlersAreDone)
+{
+    class DeferringHandler : public Toolkit::IPCConnectionEvent {
+    public:
+        void OnExecute(TString<wchar_t>) override {}
+        void OnCommand(TString<wchar_t>, Toolkit::smart_ptr<Toolkit::IPCAcknowledgement> ack) override
+        {
+            std::lock_guard lock(m_mutex);
+            m_ack = std::move(ack);
+            m_changed.notify_all();
+        }
+        Toolkit::smart_ptr<Toolkit::IPCAcknowledgement> Wait()
+        {
+            std::unique_lock lock(m_mutex);
+            m_changed.wait_for(lock, std::chrono::seconds(10), [&] { return bool(m_ack); });
+            return std::move(m_ack);
+        }
+
+    private:
+        std::mutex m_mutex;
+        std::condition_variable m_changed;
+        Toolkit::smart_ptr<Toolkit::IPCAcknowledgement> m_ack;
+    };
+    IPCServer server;
+    auto deferring = Toolkit::make_smart<DeferringHandler>();
+    auto recording = Toolkit::make_smart<RecordingHandler>();
+    server.AddConnectionHandler(deferring);
+    server.AddConnectionHandler(recording);
+    ASSERT_TRUE(server.Run());
+
+    const int fd = RawConnect(server);
+    const std::string command = Toolkit::IPCProtocol::Encode(Toolkit::IPCProtocol::Command, "IPC_ACTIVATE");
+    ASSERT_EQ(::send(fd, command.data(), command.size(), MSG_NOSIGNAL), ssize_t(command.size()));
+    auto ack = deferring->Wait();
+    ASSERT_TRUE(ack);
+    EXPECT_EQ(recording->WaitFor(1).size(), 1u);
+    char reply[64];
+    EXPECT_EQ(::recv(fd, reply, sizeof reply, MSG_DONTWAIT), -1) << "acknowledged before the handler was done";
+    ack = nullptr;
+    EXPECT_EQ(::recv(fd, reply, sizeof reply, 0), ssize_t(Toolkit::IPCProtocol::c_headerSize));
+    ::close(fd);
 }
 
 TEST_F(IPCTest, StaleSocketIsReplacedButALiveOneIsNot)

@@ -1,5 +1,7 @@
 #include "Toolkit/IniFile.h"
 
+#include "Toolkit/UTF8.h"
+
 #include "TestSupport.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +31,8 @@ const char* const c_bundle =
     "[Bundle.Core]\n"
     "GipDep=Browser,Settings\n"
     "gipdep=Replaced\n"
-    "Name=\xC3\x89t\xC3\xA9\n";
+    "Name=\xC3\x89t\xC3\xA9\n"
+    "\xEF\xBB\xBF \xEF\xBB\xBFJoined = second file\n";
 
 TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
 {
@@ -56,6 +59,7 @@ TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
         {L"MainBundle.Lite", L"Equation", true, L"a=b ; c"},
         {L"Bundle.Core", L"GipDep", true, L"Replaced"},
         {L"Bundle.Core", L"Name", true, L"\u00C9t\u00E9"},
+        {L"Bundle.Core", L"Joined", true, L"second file"},
         {L"MainBundle", L"Missing", false, L""},
         {L"Bundle.Sms", L"GipDep", false, L""},
     };
@@ -68,7 +72,7 @@ TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
     EXPECT_TRUE(ini.HasSection(L"BUNDLE.CORE"));
     EXPECT_FALSE(ini.HasSection(L"Bundle"));
     EXPECT_EQ(ini.GetSectionNames(), (std::vector<TString<wchar_t>>{L"", L"MainBundle", L"MainBundle.Lite", L"Bundle.Core"}));
-    EXPECT_EQ(ini.GetKeyNames(L"bundle.core"), (std::vector<TString<wchar_t>>{L"GipDep", L"Name"}));
+    EXPECT_EQ(ini.GetKeyNames(L"bundle.core"), (std::vector<TString<wchar_t>>{L"GipDep", L"Name", L"Joined"}));
 
     EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Count", -1), 42);
     EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", L"Negative", -1), -7);
@@ -114,6 +118,58 @@ TEST(IniFileTest, MalformedLinesAreSkippedAndReportedOncePerFile)
     EXPECT_EQ(log.Count(L"missing.ini"), 1u);
 }
 
+// Each limit drops only what lies past it, with one entry naming the file
+// and the limit; small limits stand in for the real ones.
+TEST(IniFileTest, LimitsDropWhatLiesPastThemAndSayWhich)
+{
+    testsupport::TempDir dir;
+    std::string manyKeys = "[S]\n";
+    for (int i = 0; i < 80000; ++i)
+        manyKeys += "k" + std::to_string(i) + "=" + std::to_string(i) + "\n";
+    const std::string longValue = "[S]\na=1\nlong=" + std::string(100, 'x') + "\nb=2\n";
+    const auto limits = [](size_t fileBytes, size_t lineBytes, size_t keys) {
+        IniFile::Limits l;
+        l.fileBytes = fileBytes;
+        l.lineBytes = lineBytes;
+        l.keys = keys;
+        return l;
+    };
+    const IniFile::Limits defaults;
+    const struct {
+        const char* name;
+        std::string content;
+        IniFile::Limits limits;
+        std::vector<std::string> present, absent;
+        bool incomplete;
+        const wchar_t* logged;
+    } cases[] = {
+        {"80000 keys within the default limits", manyKeys, defaults, {"k0", "k79999"}, {}, false, nullptr},
+        {"more keys than allowed", manyKeys, limits(defaults.fileBytes, 50, 3), {"k0", "k2"}, {"k3"}, true,
+         L"keys.ini:5: more keys than the limit of 3; this key and the ones after it are ignored"},
+        {"value longer than a line may be", longValue, limits(defaults.fileBytes, 50, 3), {"a", "b"}, {"long"}, false,
+         L"keys.ini:3: line longer than the limit of 50 bytes skipped"},
+        {"file larger than allowed: whole lines only", "[S]\na=1\nb=22\nc=3333333\n", limits(20, 50, 3), {"a", "b"}, {"c"}, true,
+         L"keys.ini is larger than the limit of 20 bytes"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto path = dir.Write("keys.ini", c.content);
+        testsupport::LogCapture log;
+        IniFile ini;
+        ini.SetLimits(c.limits);
+        ASSERT_TRUE(ini.Open(TString<char>(path.string())));
+        for (const auto& key : c.present)
+            EXPECT_TRUE(ini.HasKey(L"S", Toolkit::UTF8::ToUNICODE(key))) << key;
+        for (const auto& key : c.absent)
+            EXPECT_FALSE(ini.HasKey(L"S", Toolkit::UTF8::ToUNICODE(key))) << key;
+        EXPECT_EQ(ini.IsIncomplete(), c.incomplete);
+        EXPECT_EQ(log.Size(), c.logged ? 1u : 0u) << log.Dump();
+        if (c.logged) {
+            EXPECT_TRUE(log.Contains(c.logged)) << log.Dump();
+        }
+    }
+}
+
 TEST(IniFileTest, SetRefusesWhatCouldNotBeReadBack)
 {
     testsupport::LogCapture log;
@@ -130,11 +186,13 @@ TEST(IniFileTest, SetRefusesWhatCouldNotBeReadBack)
         {L"S", L"k", L"  blanks and \"quotes\"  ", true},
         {L"S", L"k", L"line\nbreak", false},
         {L"S", L"k", L"cr\r", false},
+        {L"S", L"k", L"escape \x1b[2J", false},
         {L"S", L"", L"v", false},
         {L"S", L"a=b", L"v", false},
         {L"S", L" k", L"v", false},
         {L"S", L";k", L"v", false},
         {L"S", L"[k", L"v", false},
+        {L"S", L"\uFEFFk", L"v", false},
         {L"S]", L"k", L"v", false},
         {L" S", L"k", L"v", false},
         {L"S\n", L"k", L"v", false},
