@@ -25,6 +25,16 @@ void raiseTopWindow()
 
 } // namespace
 
+void IPCActivateAppConnection::OnCommand(TString<wchar_t> command,
+                                         Toolkit::smart_ptr<Toolkit::IPCAcknowledgement> ack)
+{
+    if (command != c_strActivateAppCmd || !App::m_wxApp)
+        return;
+    // The acknowledgement goes out when the GUI thread lets go of it, after
+    // the window came forward.
+    App::m_wxApp->CallAfter([ack] { raiseTopWindow(); });
+}
+
 void IPCActivateAppConnection::OnExecute(TString<wchar_t> command)
 {
     if (command != c_strActivateAppCmd || !App::m_wxApp)

@@ -11,7 +11,8 @@ public:
     static const TString<wchar_t> c_strActivateAppCmd;
 
     // Called on the IPC server's thread; the raise itself is handed to the
-    // GUI thread.
+    // GUI thread, and the second start is answered once it has happened.
+    void OnCommand(TString<wchar_t> command, Toolkit::smart_ptr<Toolkit::IPCAcknowledgement> ack) override;
     void OnExecute(TString<wchar_t> command) override;
 };
 
