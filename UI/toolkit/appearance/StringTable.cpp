@@ -5,9 +5,6 @@
 namespace UIKit {
 namespace {
 
-// The first prime of the usual bucket series at or above 100.
-constexpr size_t c_initialBuckets = 193;
-
 const TString<wchar_t>& emptyText()
 {
     static const TString<wchar_t> empty;
@@ -15,16 +12,6 @@ const TString<wchar_t>& emptyText()
 }
 
 } // namespace
-
-size_t StringTable::KeyHash::operator()(const TString<char>& key) const noexcept
-{
-    size_t h = 0;
-    for (const char c : key)
-        h = 5 * h + size_t(static_cast<signed char>(c));
-    return h;
-}
-
-StringTable::StringTable() : m_strings(c_initialBuckets) {}
 
 const TString<wchar_t>& StringTable::MissingText()
 {

@@ -3,17 +3,19 @@
 // case-sensitive; a later definition of a key replaces the earlier one.
 // References handed out stay valid until the key is replaced or the table
 // is cleared.
+//
+// Keys come from downloaded language files, so the table is ordered rather
+// than hashed: no choice of keys can make it slow (keys that share a hash
+// turned a hashed table's loading quadratic).
 #include "Toolkit/TString.h"
 
 #include <cstddef>
-#include <unordered_map>
+#include <map>
 
 namespace UIKit {
 
 class StringTable {
 public:
-    StringTable();
-
     // The text of the key; the empty string for an empty key and
     // "Missing Label key" for a key that is not defined.
     const TString<wchar_t>& Get(const TString<char>& key) const;
@@ -28,12 +30,7 @@ public:
     static const TString<wchar_t>& MissingText();
 
 private:
-    // h = 5 * h + c over the key's bytes taken as signed chars.
-    struct KeyHash {
-        size_t operator()(const TString<char>& key) const noexcept;
-    };
-
-    std::unordered_map<TString<char>, TString<wchar_t>, KeyHash> m_strings;
+    std::map<TString<char>, TString<wchar_t>> m_strings;
 };
 
 } // namespace UIKit
