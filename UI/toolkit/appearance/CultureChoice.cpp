@@ -227,7 +227,7 @@ void CultureChoice::reportBadLine(const TString<wchar_t>& line, const TString<wc
         return;
     }
     const TString<wchar_t> why = reason.substr(reason.find_first_not_of(L" ,"));
-    ErrorSink::Report(Toolkit::UTF8::ToUTF8(*origin.file), int(origin.line),
+    ErrorSink::Report(TextExcerpt::Name(*origin.file), int(origin.line),
                       Toolkit::UTF8::ToUTF8(c_parseError + excerpt + L": " + why));
 }
 

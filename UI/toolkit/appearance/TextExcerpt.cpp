@@ -1,5 +1,7 @@
 #include "appearance/TextExcerpt.h"
 
+#include "Toolkit/UTF8.h"
+
 #include <cstdio>
 
 namespace UIKit {
@@ -36,6 +38,11 @@ TString<wchar_t> TextExcerpt::Of(const TString<wchar_t>& text, size_t maxChars)
     if (shown < text.size())
         out += L"...";
     return out;
+}
+
+std::string TextExcerpt::Name(const TString<wchar_t>& name)
+{
+    return Toolkit::UTF8::ToUTF8(Of(name, c_maxNameChars));
 }
 
 } // namespace UIKit

@@ -5,6 +5,7 @@
 #include "Toolkit/TString.h"
 
 #include <cstddef>
+#include <string>
 
 namespace UIKit {
 
@@ -17,6 +18,11 @@ public:
     // as escapes ("\n", "\t", "\x1b", "\\" for a backslash) and "..." when
     // the text was cut.
     static TString<wchar_t> Of(const TString<wchar_t>& text, size_t maxChars = c_maxChars);
+    // An entry or file name for a report, escaped the same way and UTF-8
+    // encoded; names are cut at c_maxNameChars.
+    static std::string Name(const TString<wchar_t>& name);
+
+    static constexpr size_t c_maxNameChars = 256;
 };
 
 } // namespace UIKit
