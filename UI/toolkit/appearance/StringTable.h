@@ -4,13 +4,15 @@
 // References handed out stay valid until the key is replaced or the table
 // is cleared.
 //
-// Keys come from downloaded language files, so the table is ordered rather
-// than hashed: no choice of keys can make it slow (keys that share a hash
-// turned a hashed table's loading quadratic).
+// Keys come from downloaded language files, so they are hashed with a keyed
+// hash (SipHash) under a key drawn once per process: no file can choose keys
+// that share a hash and make loading quadratic, as it could with a plain
+// arithmetic hash.
 #include "Toolkit/TString.h"
 
 #include <cstddef>
-#include <map>
+#include <cstdint>
+#include <unordered_map>
 
 namespace UIKit {
 
@@ -30,7 +32,11 @@ public:
     static const TString<wchar_t>& MissingText();
 
 private:
-    std::map<TString<char>, TString<wchar_t>> m_strings;
+    struct KeyHash {
+        size_t operator()(const TString<char>& key) const noexcept;
+    };
+
+    std::unordered_map<TString<char>, TString<wchar_t>, KeyHash> m_strings;
 };
 
 } // namespace UIKit
