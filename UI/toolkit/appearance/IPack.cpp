@@ -60,7 +60,8 @@ bool IPack::ReadLines(const TString<wchar_t>& name, const LineVisitor& visit) co
     for (size_t number = 1; lines.Next(bytes); ++number) {
         if (bytes.size() > maxLine) {
             ErrorSink::Report(TextExcerpt::Name(name), int(number),
-                              "line longer than " + std::to_string(maxLine) + " bytes, the limit for one line: skipped");
+                              "line longer than " + std::to_string(maxLine) +
+                                  " bytes, the limit for one line: skipped");
             continue;
         }
         if (!visit(number, Toolkit::UTF8::ToUNICODE(bytes)))
@@ -78,7 +79,8 @@ long long IPack::readBounded(Entry& entry, const TString<wchar_t>& name, uint64_
     const uint64_t limit = PackLimits::Current().entryBytes;
     if (total > limit || uint64_t(n) > limit - total) {
         ErrorSink::Report(TextExcerpt::Name(name), 0,
-                          "entry holds more than " + std::to_string(limit) + " bytes, the limit for one entry: not read");
+                          "entry holds more than " + std::to_string(limit) +
+                              " bytes, the limit for one entry: not read");
         return -1;
     }
     total += uint64_t(n);

@@ -152,7 +152,8 @@ TEST_F(AppearanceTest, DirectoryPackReadsNothingOutsideItselfNorFromSpecialFiles
     // Special files are not listed as language files, nor opened when asked for.
     const auto direct = UIKit::IPack::Open(pack.wstring());
     std::vector<unsigned char> bytes;
-    for (const wchar_t* name : {L"strings.en/fifo.rc", L"strings.en/zero.rc", L"strings.en/out.rc", L"strings.de/secret.rc"})
+    for (const wchar_t* name :
+         {L"strings.en/fifo.rc", L"strings.en/zero.rc", L"strings.en/out.rc", L"strings.de/secret.rc"})
         EXPECT_FALSE(direct->ReadEntry(name, bytes)) << std::wstring(name);
 }
 
