@@ -1,6 +1,7 @@
 #include "appearance/Appearance.h"
 
 #include "appearance/IPack.h"
+#include "appearance/TextExcerpt.h"
 #include "controls/ImageCtrl.h"
 #include "descriptors/ImageDescriptor.h"
 #include "xml/ErrorSink.h"
@@ -49,7 +50,27 @@ bool Appearance::Init(const TString<wchar_t>& pack, const TString<wchar_t>& cult
                          << "> instead";
     m_currentPackIndex = std::max(named, 0);
     TK_LOG(LogInfo) << "Selected appareance pack is #" << m_currentPackIndex;
-    return InitFromPack(unsigned(m_currentPackIndex));
+    return initFromFirstUsable(unsigned(m_currentPackIndex));
+}
+
+// A pack that cannot be opened or has no languages (a junk file, a name the
+// file system cannot give back) must not keep the host from starting while
+// another pack is there: the packs after it, then those before it, are tried.
+bool Appearance::initFromFirstUsable(unsigned int first)
+{
+    const size_t count = m_packList.size();
+    for (size_t tried = 0; tried < count; ++tried) {
+        const unsigned int index = unsigned((first + tried) % count);
+        if (InitFromPack(index))
+            return true;
+        if (tried + 1 < count)
+            TK_LOG(LogError) << "The pack <" << m_packList[index] << "> cannot be used: trying <"
+                             << m_packList[(index + 1) % count] << "> instead";
+    }
+    if (count == 0)
+        return InitFromPack(first);
+    TK_LOG(LogError) << "None of the " << count << " appearance packs can be used";
+    return false;
 }
 
 // The "*.ar" entries of the appearances directory, sorted by code point.
@@ -87,14 +108,14 @@ bool Appearance::InitFromPack(unsigned int index)
     Toolkit::PathManager::AppendPath(m_packPath, m_packList[index]);
     m_pack = IPack::Open(m_packPath);
     if (!m_pack) {
-        TK_LOG(LogError) << "The pack <" << m_packPath << "> does'nt exist!";
+        TK_LOG(LogError) << "The pack <" << m_packPath << "> cannot be opened";
         m_packPath.clear();
         return false;
     }
     // A pack that cannot be listed is as empty as one without cultures.
     if (!LoadCulturesList() || m_culture.GetCultures().empty()) {
-        ErrorSink::Report(Toolkit::UTF8::ToUTF8(m_packList[index]), 0,
-                          Toolkit::UTF8::ToUTF8(L"No languages definitions for appearance pack <" + m_packPath + L">"));
+        ErrorSink::Report(TextExcerpt::Name(m_packList[index]), 0,
+                          "No languages definitions for appearance pack <" + TextExcerpt::Name(m_packPath) + ">");
         return false;
     }
     UseDefaultCulture();

@@ -54,7 +54,9 @@ public:
     // Finds the packs, orders the preferred cultures (culture, when not
     // empty, is the only one), selects the pack named pack (ignoring case;
     // the first pack, with a log entry naming it, when none is) and loads
-    // it; true when a pack with at least one culture was loaded.
+    // it; when it cannot be used, the next pack in list order is tried,
+    // with a log entry naming both. True when a pack with at least one
+    // culture was loaded.
     bool Init(const TString<wchar_t>& pack, const TString<wchar_t>& culture);
     // Selects the pack at index in the pack list and loads its cultures.
     bool InitFromPack(unsigned int index);
@@ -113,6 +115,7 @@ private:
     // The selected pack, or null when none is selected.
     const IPack* pack() const;
     bool listPacks(const TString<char>& dir);
+    bool initFromFirstUsable(unsigned int first);
     int indexOfPack(const TString<wchar_t>& name) const;
 
     std::unique_ptr<IPack> m_pack;

@@ -3,11 +3,11 @@
 #include "appearance/CultureRules.h"
 #include "appearance/IPack.h"
 #include "appearance/LanguageLine.h"
+#include "appearance/TextExcerpt.h"
 #include "xml/ErrorSink.h"
 
 #include "Preferences/AppPreferences.h"
 #include "Toolkit/ILogger.h"
-#include "Toolkit/RegExpException.h"
 #include "Toolkit/UTF8.h"
 
 #include <algorithm>
@@ -206,45 +206,38 @@ void CultureChoice::ParseStringsDefinitions(const TString<wchar_t>& line)
 
 void CultureChoice::parseLine(const TString<wchar_t>& line, const Origin& origin)
 {
-    try {
-        const LanguageLine parsed = LanguageLine::Parse(line);
-        if (parsed.kind == LanguageLine::Definition)
-            m_strings.Set(parsed.key, parsed.text);
-        else if (parsed.kind == LanguageLine::EmptyKey)
-            reportBadLine(line, L"  ,the parsed key value was empty!", origin);
-        else if (parsed.kind == LanguageLine::NoMatch)
-            reportBadLine(line, L"  ,the data line was ignored as it did no match to the expected definition!",
-                          origin);
-    } catch (const Toolkit::RegExpException& e) {
-        reportBadLine(line, L"  returned error : " + Toolkit::UTF8::ToUNICODE(e.GetMessage()), origin);
-    }
+    const LanguageLine parsed = LanguageLine::Parse(line);
+    if (parsed.kind == LanguageLine::Definition)
+        m_strings.Set(parsed.key, parsed.text);
+    else if (parsed.kind == LanguageLine::EmptyKey)
+        reportBadLine(line, L"  ,the parsed key value was empty!", origin);
+    else if (parsed.kind == LanguageLine::NoMatch)
+        reportBadLine(line, L"  ,the data line was ignored as it did no match to the expected definition!", origin);
 }
 
 // A line given directly is logged as two records; a line of a pack file is
-// one report naming the file and the line.
+// one report naming the file and the line. Either shows only a short,
+// escaped excerpt of the line: its text comes from the pack.
 void CultureChoice::reportBadLine(const TString<wchar_t>& line, const TString<wchar_t>& reason, const Origin& origin)
 {
+    const TString<wchar_t> excerpt = TextExcerpt::Of(line);
     if (!origin.file) {
-        logAs(LogError, "ParseStringsDefinitions") << c_parseError << line;
+        logAs(LogError, "ParseStringsDefinitions") << c_parseError << excerpt;
         logAs(LogError, "ParseStringsDefinitions") << reason;
         return;
     }
     const TString<wchar_t> why = reason.substr(reason.find_first_not_of(L" ,"));
-    ErrorSink::Report(Toolkit::UTF8::ToUTF8(*origin.file), int(origin.line),
-                      Toolkit::UTF8::ToUTF8(c_parseError + line + L": " + why));
+    ErrorSink::Report(TextExcerpt::Name(*origin.file), int(origin.line),
+                      Toolkit::UTF8::ToUTF8(c_parseError + excerpt + L": " + why));
 }
 
 TString<wchar_t> CultureChoice::ExtractNativeName(const IPack* pack, const TString<wchar_t>& code) const
 {
     TString<wchar_t> nativeName;
-    try {
-        // A file's first header counts; a later file's header overrides it.
-        forEachLine(pack, code, [&nativeName](const TString<wchar_t>&, size_t, const TString<wchar_t>& line) {
-            return !LanguageLine::ParseHeader(line, nativeName);
-        });
-    } catch (const Toolkit::RegExpException& e) {
-        TK_LOG(LogError) << "Cannot read the culture header of <" << code << ">: " << e.GetMessage();
-    }
+    // A file's first header counts; a later file's header overrides it.
+    forEachLine(pack, code, [&nativeName](const TString<wchar_t>&, size_t, const TString<wchar_t>& line) {
+        return !LanguageLine::ParseHeader(line, nativeName);
+    });
     return nativeName;
 }
 

@@ -1,7 +1,10 @@
 #include "appearance/IPack.h"
 
 #include "appearance/DirectoryPack.h"
+#include "appearance/PackLimits.h"
+#include "appearance/TextExcerpt.h"
 #include "appearance/ZipPack.h"
+#include "xml/ErrorSink.h"
 
 #include "Toolkit/ILogger.h"
 #include "Toolkit/LineReader.h"
@@ -12,10 +15,15 @@ namespace UIKit {
 
 std::unique_ptr<IPack> IPack::Open(const TString<wchar_t>& path)
 {
-    if (Toolkit::PathManager::FileExists(path))
-        return std::make_unique<ZipPack>(path);
     if (Toolkit::PathManager::DirExists(path))
         return std::make_unique<DirectoryPack>(path);
+    if (Toolkit::PathManager::FileExists(path)) {
+        auto zip = std::make_unique<ZipPack>(path);
+        if (zip->IsOpen())
+            return zip;
+        return {};
+    }
+    TK_LOG(Toolkit::LogError) << "The pack <" << path << "> is neither a file nor a directory";
     return {};
 }
 
@@ -47,10 +55,18 @@ bool IPack::ReadLines(const TString<wchar_t>& name, const LineVisitor& visit) co
     uint64_t total = 0;
     Toolkit::LineReader lines(
         [&](char* buffer, size_t size) { return readBounded(*entry, name, total, buffer, size); });
+    const size_t maxLine = PackLimits::Current().lineBytes;
     std::string bytes;
-    for (size_t number = 1; lines.Next(bytes); ++number)
+    for (size_t number = 1; lines.Next(bytes); ++number) {
+        if (bytes.size() > maxLine) {
+            ErrorSink::Report(TextExcerpt::Name(name), int(number),
+                              "line longer than " + std::to_string(maxLine) +
+                                  " bytes, the limit for one line: skipped");
+            continue;
+        }
         if (!visit(number, Toolkit::UTF8::ToUNICODE(bytes)))
             break;
+    }
     return true;
 }
 
@@ -60,9 +76,11 @@ long long IPack::readBounded(Entry& entry, const TString<wchar_t>& name, uint64_
     const long long n = entry.Read(buffer, size);
     if (n <= 0)
         return n;
-    if (uint64_t(n) > c_maxEntryBytes - total) {
-        TK_LOG(Toolkit::LogError) << "The entry <" << name << "> of <" << GetPath() << "> holds more than "
-                                  << c_maxEntryBytes << " bytes";
+    const uint64_t limit = PackLimits::Current().entryBytes;
+    if (total > limit || uint64_t(n) > limit - total) {
+        ErrorSink::Report(TextExcerpt::Name(name), 0,
+                          "entry holds more than " + std::to_string(limit) +
+                              " bytes, the limit for one entry: not read");
         return -1;
     }
     total += uint64_t(n);

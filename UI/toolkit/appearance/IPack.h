@@ -7,8 +7,8 @@
 //
 // A pack only reads: what it reads goes up to the caches and the string
 // table, and nothing calls back into it. Every entry is read through one
-// bounded, chunked path (ReadEntry, ReadLines), so a limit on what one entry
-// may hold is checked in one place.
+// bounded, chunked path (ReadEntry, ReadLines), so the limits on what one
+// entry and one line may hold (PackLimits) are checked in one place.
 #include "Toolkit/TString.h"
 
 #include <cstddef>
@@ -32,14 +32,11 @@ public:
     // Receives each line with its 1-based number; false stops the file.
     using LineVisitor = std::function<bool(size_t lineNumber, const TString<wchar_t>& line)>;
 
-    // The most bytes ReadEntry takes from one entry. No bound yet: this is
-    // the one place where a limit on entry sizes belongs.
-    static constexpr uint64_t c_maxEntryBytes = UINT64_MAX;
-
     virtual ~IPack() = default;
 
-    // A zip pack when path is a file, a directory pack when it is a
-    // directory, null when it is neither.
+    // A zip pack when path is a zip archive, a directory pack when it is a
+    // directory, null (logged) when it is neither or the archive cannot be
+    // used.
     static std::unique_ptr<IPack> Open(const TString<wchar_t>& path);
 
     // The full path of the pack, as it was opened.
@@ -59,15 +56,17 @@ public:
     virtual std::unique_ptr<Entry> OpenEntry(const TString<wchar_t>& name) const = 0;
 
     // The whole entry; false (bytes empty) when it is missing, cannot be
-    // read or holds more than c_maxEntryBytes.
+    // read or holds more than the entry limit (reported).
     bool ReadEntry(const TString<wchar_t>& name, std::vector<unsigned char>& bytes) const;
     // The entry's lines, UTF-8 decoded, ending at LF, CR LF or a lone CR.
-    // False when the entry cannot be opened.
+    // A line longer than the line limit is reported and skipped; reading
+    // stops, reported, past the entry limit. False when the entry cannot be
+    // opened.
     bool ReadLines(const TString<wchar_t>& name, const LineVisitor& visit) const;
 
 private:
-    // The next chunk of an entry, counted into total; -1 (logged) once the
-    // entry holds more than c_maxEntryBytes.
+    // The next chunk of an entry, counted into total; -1 (reported) once
+    // the entry holds more than the entry limit.
     long long readBounded(Entry& entry, const TString<wchar_t>& name, uint64_t& total, char* buffer,
                           size_t size) const;
 };

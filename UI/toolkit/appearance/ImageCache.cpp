@@ -1,12 +1,17 @@
 #include "appearance/ImageCache.h"
 
 #include "appearance/IPack.h"
+#include "appearance/PackLimits.h"
+#include "appearance/TextExcerpt.h"
 #include "xml/ErrorSink.h"
 
 #include "Toolkit/UTF8.h"
 
 #include <wx/log.h>
 #include <wx/mstream.h>
+
+#include <algorithm>
+#include <iterator>
 
 namespace UIKit {
 namespace {
@@ -34,33 +39,65 @@ const wxImage& ImageCache::Add(const TString<wchar_t>& name, const wxImage& imag
 
 wxImage ImageCache::Load(const IPack& pack, const TString<wchar_t>& name)
 {
-    const TString<wchar_t> entry = c_graphics + name;
-    std::vector<unsigned char> bytes;
-    if (!pack.ReadEntry(entry, bytes)) {
-        reportOnce(pack, entry, "image missing from the pack");
-        return wxImage();
-    }
-    const wxImage image = DecodePng(bytes);
-    if (!image.IsOk()) {
-        reportOnce(pack, entry, "image cannot be decoded as PNG");
-        return image;
-    }
-    return Add(name, image);
+    const wxImage image = decodeEntry(pack, c_graphics + name);
+    return image.IsOk() ? Add(name, image) : image;
 }
 
 int ImageCache::LoadMatching(const IPack& pack, const TString<wchar_t>& pattern)
 {
     std::vector<TString<wchar_t>> entries;
     const int found = pack.FindFiles(c_graphics + pattern, entries);
-    std::vector<unsigned char> bytes;
     for (const auto& entry : entries) {
-        const wxImage image = pack.ReadEntry(entry, bytes) ? DecodePng(bytes) : wxImage();
+        const wxImage image = decodeEntry(pack, entry);
         if (image.IsOk())
             Add(fileNameOf(entry), image);
-        else
-            reportOnce(pack, entry, "image cannot be decoded as PNG");
     }
     return found;
+}
+
+wxImage ImageCache::decodeEntry(const IPack& pack, const TString<wchar_t>& entry)
+{
+    std::vector<unsigned char> bytes;
+    if (!pack.ReadEntry(entry, bytes)) {
+        reportOnce(pack, entry, "image missing from the pack");
+        return wxImage();
+    }
+    uint32_t width = 0;
+    uint32_t height = 0;
+    if (PngSize(bytes, width, height) && !withinLimits(pack, entry, width, height))
+        return wxImage();
+    const wxImage image = DecodePng(bytes);
+    if (!image.IsOk())
+        reportOnce(pack, entry, "image cannot be decoded as PNG");
+    return image;
+}
+
+bool ImageCache::withinLimits(const IPack& pack, const TString<wchar_t>& entry, uint32_t width, uint32_t height)
+{
+    const PackLimits& limits = PackLimits::Current();
+    if (width <= limits.imageSide && height <= limits.imageSide && uint64_t(width) * height <= limits.imagePixels)
+        return true;
+    reportOnce(pack, entry,
+               "image declares " + std::to_string(width) + "x" + std::to_string(height) + " pixels, more than the " +
+                   std::to_string(limits.imageSide) + " per side or " + std::to_string(limits.imagePixels) +
+                   " in all allowed for one image: not decoded");
+    return false;
+}
+
+bool ImageCache::PngSize(const std::vector<unsigned char>& bytes, uint32_t& width, uint32_t& height)
+{
+    // Signature (8 bytes), then the IHDR chunk: length (4), type (4), width and height (4 each, big-endian).
+    static const unsigned char signature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+    if (bytes.size() < 24 || !std::equal(std::begin(signature), std::end(signature), bytes.begin()) ||
+        std::string(bytes.begin() + 12, bytes.begin() + 16) != "IHDR")
+        return false;
+    const auto bigEndian = [&bytes](size_t at) {
+        return uint32_t(bytes[at]) << 24 | uint32_t(bytes[at + 1]) << 16 | uint32_t(bytes[at + 2]) << 8 |
+               uint32_t(bytes[at + 3]);
+    };
+    width = bigEndian(16);
+    height = bigEndian(20);
+    return true;
 }
 
 wxImage ImageCache::DecodePng(const std::vector<unsigned char>& bytes)
@@ -76,10 +113,10 @@ wxImage ImageCache::DecodePng(const std::vector<unsigned char>& bytes)
     return image;
 }
 
-void ImageCache::reportOnce(const IPack& pack, const TString<wchar_t>& entry, const char* problem)
+void ImageCache::reportOnce(const IPack& pack, const TString<wchar_t>& entry, const std::string& problem)
 {
     if (m_reported.insert(pack.GetPath() + L"|" + entry).second)
-        ErrorSink::Report(Toolkit::UTF8::ToUTF8(entry), 0, problem);
+        ErrorSink::Report(TextExcerpt::Name(entry), 0, problem);
 }
 
 } // namespace UIKit

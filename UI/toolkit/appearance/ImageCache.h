@@ -8,11 +8,15 @@
 //
 // A missing or undecodable image is reported once per pack and name, yet
 // looked for again on the next request, so a pack fixed on disk is seen.
+// An image whose header declares more pixels than the image limits allow is
+// refused before it is decoded, since decoding would allocate them all.
 #include "Toolkit/TString.h"
 
 #include <wx/image.h>
 
+#include <cstdint>
 #include <map>
+#include <string>
 #include <set>
 #include <vector>
 
@@ -38,9 +42,17 @@ public:
 
     // The PNG in bytes, or an invalid image.
     static wxImage DecodePng(const std::vector<unsigned char>& bytes);
+    // The width and height a PNG's header declares; false when bytes do not
+    // start with a PNG signature and header.
+    static bool PngSize(const std::vector<unsigned char>& bytes, uint32_t& width, uint32_t& height);
 
 private:
-    void reportOnce(const IPack& pack, const TString<wchar_t>& entry, const char* problem);
+    // Reads and decodes one entry; an invalid image (reported once) when it
+    // is missing, too large or not a PNG.
+    wxImage decodeEntry(const IPack& pack, const TString<wchar_t>& entry);
+    // Whether the declared size is within the image limits; reported once when not.
+    bool withinLimits(const IPack& pack, const TString<wchar_t>& entry, uint32_t width, uint32_t height);
+    void reportOnce(const IPack& pack, const TString<wchar_t>& entry, const std::string& problem);
 
     std::map<TString<wchar_t>, wxImage> m_images;
     // Pack path and entry of every problem already reported.

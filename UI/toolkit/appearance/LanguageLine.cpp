@@ -1,68 +1,116 @@
 #include "appearance/LanguageLine.h"
 
-#include "Toolkit/RegExp.h"
-#include "Toolkit/UTF8.h"
-
 namespace UIKit {
 namespace {
 
-// Compiled once, on first use, and shared by every call.
-const Toolkit::RegExp& definitionPattern()
+using Text = TString<wchar_t>;
+
+bool isKeyChar(wchar_t c)
 {
-    static const Toolkit::RegExp pattern("([A-Za-z0-9_]*)[ \\t\\r\\n\\v\\f]*\"(.*)\"", 0);
-    return pattern;
+    return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') || c == L'_';
 }
 
-const Toolkit::RegExp& headerPattern()
+// The blanks allowed between a key and its text.
+bool isBlank(wchar_t c)
 {
-    static const Toolkit::RegExp pattern("^//\\s*CULTURE\\s*(?<name>[A-Za-z\\-]+)\\s*(?<nativeName>.*)", 0);
-    return pattern;
+    return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n' || c == L'\v' || c == L'\f';
 }
 
-// Backslash-n pairs become line breaks, scanning left to right.
-TString<wchar_t> withLineBreaks(TString<wchar_t> text)
+// Where a text ends: the last quote after open on its stretch of the line
+// (a line break ends a stretch), or npos when that stretch has no other quote.
+size_t closingQuote(const Text& line, size_t open)
 {
-    for (size_t pos = 0; (pos = text.find(L"\\n", pos)) != TString<wchar_t>::npos; ++pos)
-        text.replace(pos, 2, 1, L'\n');
+    size_t stretchEnd = line.find(L'\n', open);
+    if (stretchEnd == Text::npos)
+        stretchEnd = line.size();
+    const size_t close = line.rfind(L'"', stretchEnd - 1);
+    return close > open && close != Text::npos ? close : Text::npos;
+}
+
+// Backslash-n pairs become line breaks, left to right, in one pass.
+Text withLineBreaks(const wchar_t* begin, const wchar_t* end)
+{
+    Text text;
+    text.reserve(size_t(end - begin));
+    for (const wchar_t* c = begin; c != end; ++c) {
+        if (*c == L'\\' && c + 1 != end && c[1] == L'n') {
+            text += L'\n';
+            ++c;
+        } else {
+            text += *c;
+        }
+    }
     return text;
 }
 
-bool isStructureOrComment(const TString<wchar_t>& line)
+bool isStructureOrComment(const Text& line)
 {
     return line.HasSubstring(L"STRINGTABLE") || line.HasSubstring(L"BEGIN") || line.HasSubstring(L"END") ||
            line.HasSubstring(L"//");
 }
 
+bool isCultureCodeChar(wchar_t c)
+{
+    return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z') || c == L'-';
+}
+
+size_t skip(const Text& line, size_t pos, bool (*accept)(wchar_t))
+{
+    while (pos < line.size() && accept(line[pos]))
+        ++pos;
+    return pos;
+}
+
 } // namespace
 
-LanguageLine LanguageLine::Parse(const TString<wchar_t>& line)
+LanguageLine LanguageLine::Parse(const Text& line)
 {
     LanguageLine parsed;
     if (line.empty())
         return parsed;
-    const auto match = definitionPattern().Match(line);
-    if (!match) {
+    // The first quote that has a closing quote after it opens the text.
+    size_t open = line.find(L'"');
+    size_t close = Text::npos;
+    while (open != Text::npos && (close = closingQuote(line, open)) == Text::npos) {
+        const size_t lineBreak = line.find(L'\n', open);
+        open = lineBreak == Text::npos ? Text::npos : line.find(L'"', lineBreak);
+    }
+    if (open == Text::npos) {
         parsed.kind = isStructureOrComment(line) ? Ignored : NoMatch;
         return parsed;
     }
-    parsed.key = match.Group(1);
-    if (parsed.key.empty()) {
+    // The key is the run of key characters before the blanks before the quote.
+    size_t keyEnd = open;
+    while (keyEnd > 0 && isBlank(line[keyEnd - 1]))
+        --keyEnd;
+    size_t keyBegin = keyEnd;
+    while (keyBegin > 0 && isKeyChar(line[keyBegin - 1]))
+        --keyBegin;
+    if (keyBegin == keyEnd) {
         parsed.kind = EmptyKey;
         return parsed;
     }
     parsed.kind = Definition;
-    parsed.text = withLineBreaks(Toolkit::UTF8::ToUNICODE(match.Group(2)));
+    for (size_t i = keyBegin; i < keyEnd; ++i)
+        parsed.key += char(line[i]); // key characters are ASCII
+    parsed.text = withLineBreaks(line.data() + open + 1, line.data() + close);
     return parsed;
 }
 
-bool LanguageLine::ParseHeader(const TString<wchar_t>& line, TString<wchar_t>& nativeName)
+bool LanguageLine::ParseHeader(const Text& line, Text& nativeName)
 {
+    static const Text marker(L"CULTURE");
     if (!line.StartsWith(L"//"))
         return false;
-    const auto match = headerPattern().Match(line);
-    if (!match)
+    size_t pos = skip(line, 2, isBlank);
+    if (line.compare(pos, marker.size(), marker) != 0)
         return false;
-    nativeName = Toolkit::UTF8::ToUNICODE(match.Group("nativeName"));
+    pos = skip(line, pos + marker.size(), isBlank);
+    const size_t codeEnd = skip(line, pos, isCultureCodeChar);
+    if (codeEnd == pos)
+        return false;
+    pos = skip(line, codeEnd, isBlank);
+    nativeName = Text(line.substr(pos, line.find(L'\n', pos) - pos));
     return true;
 }
 

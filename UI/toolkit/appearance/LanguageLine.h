@@ -8,8 +8,10 @@
 //     LB_KEY   "text with "inner" quotes\nand a line break"
 //
 // A definition's key is the run of letters, digits and "_" right before the
-// first quote; its text runs to the last quote of the line, with each
-// backslash-n turned into a line break (no other escape is read).
+// first quote (blanks may sit between them); its text runs to the last quote
+// of the line, with each backslash-n turned into a line break (no other
+// escape is read). Lines are read in one pass each, so that their time grows
+// with their length only: language files come from downloaded packs.
 #include "Toolkit/TString.h"
 
 namespace UIKit {
@@ -24,7 +26,6 @@ public:
         NoMatch,    // anything else
     };
 
-    // Throws Toolkit::RegExpException when the pattern library fails.
     static LanguageLine Parse(const TString<wchar_t>& line);
     // The native name of a "// CULTURE code name" header; false for any
     // other line.

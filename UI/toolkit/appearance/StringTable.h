@@ -4,17 +4,21 @@
 // case-sensitive; a later definition of a key replaces the earlier one.
 // References handed out stay valid until the key is replaced or the table
 // is cleared.
+//
+// Keys come from downloaded language files, so they are hashed with a keyed
+// hash (SipHash) under a key drawn once per process: no file can choose keys
+// that share a hash and make loading quadratic, as it could with a plain
+// arithmetic hash.
 #include "Toolkit/TString.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <unordered_map>
 
 namespace UIKit {
 
 class UIKIT_API StringTable {
 public:
-    StringTable();
-
     // The text of the key; the empty string for an empty key and
     // "Missing Label key" for a key that is not defined.
     const TString<wchar_t>& Get(const TString<char>& key) const;
@@ -29,7 +33,6 @@ public:
     static const TString<wchar_t>& MissingText();
 
 private:
-    // h = 5 * h + c over the key's bytes taken as signed chars.
     struct KeyHash {
         size_t operator()(const TString<char>& key) const noexcept;
     };

@@ -1,8 +1,11 @@
 #include "appearance/ZipPack.h"
 
-#include "Toolkit/ZipInputStream.h"
+#include "appearance/PackLimits.h"
+#include "appearance/TextExcerpt.h"
+#include "xml/ErrorSink.h"
 
-#include <map>
+#include "Toolkit/UTF8.h"
+#include "Toolkit/ZipInputStream.h"
 
 namespace UIKit {
 namespace {
@@ -34,7 +37,16 @@ bool isTopLevelFolder(const TString<wchar_t>& name)
 
 ZipPack::ZipPack(const TString<wchar_t>& path) : m_path(path)
 {
-    m_zip.Open(path, true);
+    if (!m_zip.Open(path, true) || m_zip.EntriesList(m_files, L"*", Toolkit::ArchiveZip::EntryFiles) < 0)
+        return;
+    const size_t limit = PackLimits::Current().packEntries;
+    if (m_files.size() > limit) {
+        ErrorSink::Report(TextExcerpt::Name(path), 0,
+                          "pack holds " + std::to_string(m_files.size()) + " files, more than " +
+                              std::to_string(limit) + ", the limit for one pack: not used");
+        m_files.clear();
+        m_zip.Close();
+    }
 }
 
 bool ZipPack::ListFolders(const TString<wchar_t>& pattern, std::vector<TString<wchar_t>>& names) const
@@ -66,10 +78,18 @@ int ZipPack::FindFiles(const TString<wchar_t>& pattern, std::vector<TString<wcha
 
 std::unique_ptr<IPack::Entry> ZipPack::OpenEntry(const TString<wchar_t>& name) const
 {
-    Entries entries;
-    if (!IsOpen() || m_zip.EntriesList(entries, name, Toolkit::ArchiveZip::EntryFiles) != 1)
+    if (!IsOpen())
         return {};
-    auto stream = m_zip.GetZipInputStream(entries.begin()->second);
+    // An exact name first: listed names may hold "[" or "*" themselves.
+    Entries matches;
+    const bool exact = m_files.count(name) != 0;
+    if (!exact && name.find_first_of(L"*?[") != TString<wchar_t>::npos)
+        m_zip.EntriesList(matches, name, Toolkit::ArchiveZip::EntryFiles);
+    const Entries& files = exact ? m_files : matches;
+    const auto found = exact ? files.find(name) : files.begin();
+    if (found == files.end())
+        return {};
+    auto stream = m_zip.GetZipInputStream(found->second);
     if (!stream || !stream->IsOk())
         return {};
     return std::make_unique<ZipEntry>(std::move(stream));

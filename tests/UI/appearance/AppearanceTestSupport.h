@@ -6,6 +6,7 @@
 // PathManager prefers), the C locale and its own Appearance.
 #include "TestSupport.h"
 #include "appearance/Appearance.h"
+#include "appearance/PackLimits.h"
 #include "xml/ErrorSink.h"
 
 #include <zip.h>
@@ -90,6 +91,22 @@ public:
 private:
     UIKit::ErrorSink::Handler m_previous;
     std::vector<std::string> m_lines;
+};
+
+// Replaces the pack limits in force for the lifetime of the object, so
+// that small inputs trip them.
+class ScopedLimits {
+public:
+    explicit ScopedLimits(const UIKit::PackLimits& limits) : m_old(UIKit::PackLimits::Current())
+    {
+        UIKit::PackLimits::Current() = limits;
+    }
+    ~ScopedLimits() { UIKit::PackLimits::Current() = m_old; }
+    ScopedLimits(const ScopedLimits&) = delete;
+    ScopedLimits& operator=(const ScopedLimits&) = delete;
+
+private:
+    UIKit::PackLimits m_old;
 };
 
 // Sets an environment variable for the lifetime of the object.

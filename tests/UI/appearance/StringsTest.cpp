@@ -1,5 +1,7 @@
 #include "AppearanceTestSupport.h"
 
+#include "appearance/LanguageLine.h"
+
 using appearancetest::AppearanceTest;
 using testsupport::LogCapture;
 
@@ -30,6 +32,12 @@ TEST_F(AppearanceTest, StringsParseDefinitionsAndReportBrokenLines)
         {L"some words LB_W \"last key wins\"", "LB_W", L"last key wins", L""},
         {L"LB_U \"Français ✓\"", "LB_U", L"Français ✓", L""},
         {L"LB_A \"Replaced\"", "LB_A", L"Replaced", L""},
+        {L"LB_K \"a\\\\nb\"", "LB_K", L"a\\\nb", L""}, // escapes read left to right
+        {L"LB_M \"x\" \"y\"", "LB_M", L"x\" \"y", L""},
+        {L"AaAa \"1\"", "AaAa", L"1", L""}, // keys that shared one hash under the old table hash
+        {L"AaFH \"2\"", "AaFH", L"2", L""},
+        {L"FHAa \"3\"", "FHAa", L"3", L""},
+        {L"\"a\" LB_Z \"b\"", nullptr, L"", c_emptyKey},
         {L"\"only a text\"", nullptr, L"", c_emptyKey},
         {L"  - \"dash before\"", nullptr, L"", c_emptyKey},
         {L"LB_X \"unterminated", nullptr, L"", c_noMatch},
@@ -59,6 +67,30 @@ TEST_F(AppearanceTest, StringsParseDefinitionsAndReportBrokenLines)
         EXPECT_EQ(entries[1].message, c.second);
         EXPECT_EQ(entries[0].severity, Toolkit::LogError);
         EXPECT_STREQ(entries[0].function, "ParseStringsDefinitions");
+    }
+}
+
+TEST(LanguageLineTest, CultureHeaders)
+{
+    struct Case {
+        const wchar_t* line;
+        const wchar_t* nativeName; // null: not a header
+    };
+    const Case cases[] = {
+        {L"// CULTURE fr Français", L"Français"},
+        {L"//CULTURE\tfr-CA   Français (Canada)  ", L"Français (Canada)  "},
+        {L"//CULTUREfr X", L"X"},
+        {L"// CULTURE en", L""},
+        {L"// CULTURE 12 X", nullptr},
+        {L"// culture fr X", nullptr},
+        {L"/ CULTURE fr X", nullptr},
+        {L"  // CULTURE fr X", nullptr},
+        {L"", nullptr},
+    };
+    for (const auto& c : cases) {
+        TString<wchar_t> name(L"unchanged");
+        EXPECT_EQ(UIKit::LanguageLine::ParseHeader(c.line, name), c.nativeName != nullptr) << std::wstring(c.line);
+        EXPECT_EQ(name, c.nativeName ? c.nativeName : L"unchanged") << std::wstring(c.line);
     }
 }
 
