@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // How much of a pack the appearance reads before it gives up on an entry,
 // an image, a line or the whole pack. Packs are files that users download
 // and swap, so every size read from one is bounded; the defaults are far
@@ -13,7 +14,7 @@
 
 namespace UIKit {
 
-struct PackLimits {
+struct UIKIT_API PackLimits {
     // Bytes inflated or read from one entry (documents, images, language files).
     static constexpr uint64_t c_maxEntryBytes = uint64_t(64) << 20;
     // Bytes of one language-file line.

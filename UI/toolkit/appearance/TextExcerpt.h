@@ -1,4 +1,5 @@
 #pragma once
+#include "module/Export.h"
 // A short, printable view of text read from a pack, for reports and log
 // entries: the text of a broken file is never copied whole into the log,
 // and none of its characters can end a log line or drive a terminal.
@@ -9,7 +10,7 @@
 
 namespace UIKit {
 
-class TextExcerpt {
+class UIKIT_API TextExcerpt {
 public:
     // The characters a report shows of one line.
     static constexpr size_t c_maxChars = 60;
