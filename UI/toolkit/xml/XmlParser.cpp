@@ -81,6 +81,9 @@ void XmlParser::ParsePending(XML_NODE* element)
     element->pending = nullptr;
     element->pendingLength = 0;
     m_expanding = element;
+    m_outerDepth = 0;
+    for (const XML_NODE* above = element->parent; above; above = above->parent)
+        ++m_outerDepth;
     m_stack.clear();
     m_stack.push_back(element);
     parseContent(pos, end);
@@ -216,6 +219,8 @@ void XmlParser::parseContent(const char* pos, const char* end)
                 pos = AfterTagEnd(pos, end);
         } else if (next == '?') {
             pos = AfterTagEnd(pos, end);
+        } else if (m_outerDepth + m_stack.size() >= kMaxDepth) {
+            pos = skipTooDeep(pos, end);
         } else if (m_lazy && current != m_expanding) {
             pos = deferChildren(current, pos, end);
         } else {
@@ -256,6 +261,39 @@ const char* XmlParser::parseChild(XML_NODE* parent, const char* pos, const char*
     if (!selfClosing)
         m_stack.push_back(child);
     return pos;
+}
+
+const char* XmlParser::skipTooDeep(const char* pos, const char* end)
+{
+    if (!m_depthReported) {
+        m_depthReported = true;
+        report(pos, "elements nested deeper than " + std::to_string(kMaxDepth) + " levels are left out");
+    }
+    // Only the balance of start and closing tags matters here: nothing of
+    // the skipped elements is kept, so names are not compared.
+    size_t open = 0;
+    while (pos < end) {
+        const char next = At(pos, end, 1);
+        if (StartsWith(pos, end, "<!--")) {
+            pos = SkipComment(pos, end);
+        } else if (StartsWith(pos, end, CDATA_IN)) {
+            const char* close = FindText(pos + CDATA_IN_LEN, end, CDATA_OUT);
+            pos = close < end ? close + CDATA_OUT_LEN : end;
+        } else if (next == '/') {
+            --open;
+            pos = AfterTagEnd(pos, end);
+        } else {
+            const char* after = AfterTagEnd(pos, end);
+            const bool selfClosing = after - pos >= 3 && after[-1] == '>' && after[-2] == '/';
+            if (next != '!' && next != '?' && !selfClosing)
+                ++open;
+            pos = after;
+        }
+        if (open == 0)
+            return pos;
+        pos = Find(pos, end, '<');
+    }
+    return end;
 }
 
 const char* XmlParser::deferChildren(XML_NODE* element, const char* pos, const char* end)

@@ -28,6 +28,11 @@ public:
     // of [text, end) into `top`, which takes the top element's name.
     void ParseDocument(XML_NODE* top, const char* text, const char* end);
 
+    // Elements nested deeper than this below the top element (which is
+    // level 1) are skipped whole with one reported problem; far beyond any
+    // real skin, it keeps every later walk over the tree shallow.
+    static constexpr size_t kMaxDepth = 256;
+
     // Parses the children kept as raw text by a lazy parse (lazily again).
     void ParsePending(XML_NODE* element);
 
@@ -46,6 +51,9 @@ private:
     // Keeps the rest of the element's content as pending text and returns
     // the position after its closing tag.
     const char* deferChildren(XML_NODE* element, const char* pos, const char* end);
+    // Steps over the element whose start tag is at pos, and everything in
+    // it, reporting the depth limit once per parse.
+    const char* skipTooDeep(const char* pos, const char* end);
     // Closes the innermost open element of the closing tag's name; one that
     // matches no open element is stepped over.
     const char* closeElement(const char* pos, const char* end);
@@ -64,6 +72,8 @@ private:
     std::vector<XML_NODE*>& m_stack;
     bool m_lazy; // cleared once an element is found that never closes
     XML_NODE* m_expanding = nullptr; // the element whose pending text is parsed
+    size_t m_outerDepth = 0;         // elements above the bottom of m_stack
+    bool m_depthReported = false;
 };
 
 } // namespace UIKit
