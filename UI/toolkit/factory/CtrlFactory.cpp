@@ -3,6 +3,9 @@
 #include "xml/XMLLoader.h"
 #include "xml/XMLNode.h"
 
+#include <string>
+#include <vector>
+
 namespace UIKit {
 
 void CtrlFactory::AddGenerator(const TString<wchar_t>& name, GeneratorPtr generator)
@@ -27,6 +30,13 @@ CtrlFactory::GeneratorPtr CtrlFactory::GetGenerator(const TString<wchar_t>& name
 
 Toolkit::smart_ptr<BaseCtrlDescriptor> CtrlFactory::CreateDescriptor(Toolkit::smart_ptr<XMLNode> node) const
 {
+    bool limitReported = false;
+    return createDescriptor(node, 1, limitReported);
+}
+
+Toolkit::smart_ptr<BaseCtrlDescriptor> CtrlFactory::createDescriptor(const Toolkit::smart_ptr<XMLNode>& node, int level,
+                                                                     bool& limitReported) const
+{
     if (!node)
         return {};
     auto generator = GetGenerator(node->GetClass());
@@ -38,17 +48,31 @@ Toolkit::smart_ptr<BaseCtrlDescriptor> CtrlFactory::CreateDescriptor(Toolkit::sm
     }
     auto descriptor = generator->CreateDescriptor(node);
     if (descriptor)
-        descriptor->attachChildren(childDescriptors(node, "Control"), childDescriptors(node, "Template"));
+        descriptor->attachChildren(childDescriptors(node, "Control", level, limitReported),
+                                   childDescriptors(node, "Template", level, limitReported));
     return descriptor;
 }
 
-DescriptorList CtrlFactory::childDescriptors(const Toolkit::smart_ptr<XMLNode>& node, const char* elementName) const
+DescriptorList CtrlFactory::childDescriptors(const Toolkit::smart_ptr<XMLNode>& node, const char* elementName,
+                                             int level, bool& limitReported) const
 {
     DescriptorList out;
     std::vector<Toolkit::smart_ptr<XMLNode>> children;
     XMLLoader(node).GetNodes(children, elementName);
+    if (children.empty())
+        return out;
+    // Every later walk over the tree (building windows, looking up
+    // templates, releasing descriptors) recurses once per level, and the
+    // toolkit slows to a crawl on deeply nested windows.
+    if (level >= kMaxControlDepth) {
+        if (!limitReported)
+            children.front()->Report("controls nested deeper than " + std::to_string(kMaxControlDepth) +
+                                     " levels are left out");
+        limitReported = true;
+        return out;
+    }
     for (const auto& child : children)
-        if (auto descriptor = CreateDescriptor(child))
+        if (auto descriptor = createDescriptor(child, level + 1, limitReported))
             out.push_back(descriptor);
     return out;
 }

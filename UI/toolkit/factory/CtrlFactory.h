@@ -29,6 +29,10 @@ class UIKIT_API CtrlFactory : public Singleton<CtrlFactory>, public IDescriptorB
 public:
     using GeneratorPtr = Toolkit::smart_ptr<ICtrlFactoryGenerator>;
 
+    // Far beyond any real skin; bounds the depth of every descriptor and
+    // control tree the factory builds.
+    static constexpr int kMaxControlDepth = 32;
+
     // Registers a generator; a name already taken keeps its first generator
     // and the second registration is logged.
     void AddGenerator(const TString<wchar_t>& name, GeneratorPtr generator);
@@ -42,7 +46,9 @@ public:
     // The descriptor of the element's class with the descriptors of its
     // "Control" and "Template" children attached, depth first; null when no
     // generator knows the class. Unknown classes are reported with the
-    // element's file and line, and their elements left out.
+    // element's file and line, and their elements left out, as are controls
+    // and templates nested more than kMaxControlDepth levels deep (the
+    // element passed in is level 1), reported once per tree.
     Toolkit::smart_ptr<BaseCtrlDescriptor> CreateDescriptor(Toolkit::smart_ptr<XMLNode> node) const override;
     // Reads the description file `name` of the resources and builds its
     // descriptor tree; null (reported) when it cannot be read.
@@ -65,7 +71,12 @@ public:
     T* CreateControl(const TString<wchar_t>& name, wxWindow* parent, int id) const;
 
 private:
-    DescriptorList childDescriptors(const Toolkit::smart_ptr<XMLNode>& node, const char* elementName) const;
+    Toolkit::smart_ptr<BaseCtrlDescriptor> createDescriptor(const Toolkit::smart_ptr<XMLNode>& node, int level,
+                                                            bool& limitReported) const;
+    // The descriptors of the element's children of that name, which are at
+    // `level` + 1.
+    DescriptorList childDescriptors(const Toolkit::smart_ptr<XMLNode>& node, const char* elementName, int level,
+                                    bool& limitReported) const;
     ControlContext context() const { return ControlContext{m_resources, this}; }
     // Destroys a control that was built but is not handed out.
     template <class W>
