@@ -159,6 +159,31 @@ TEST(ImageCtrlTest, AlphaAndMaskCarryIntoTheRendering)
     EXPECT_EQ(a.GetAlpha(59, 30), 29 * 8);
     EXPECT_EQ(a.GetAlpha(30, 30), a.GetRed(30, 30));
 
+    // The bitmap a resize makes (written straight into the bitmap when the
+    // rendering has alpha) holds the same pixels, transparent ones included.
+    const wxImage opaqueNoAlpha = nineSliceImage();
+    struct Case {
+        const wxImage* source;
+        unsigned int margin;
+        wxSize size;
+    };
+    const Case cases[] = {
+        {&withAlpha, 10, {400, 300}}, {&withAlpha, 10, {25, 25}},     // stretched, then shrunk
+        {&withAlpha, 15, {60, 45}},   {&opaqueNoAlpha, 15, {40, 40}}, // empty middle bands
+        {&opaqueAlpha, 10, {50, 70}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::to_string(c.size.x) + "x" + std::to_string(c.size.y));
+        ImageCtrl ctrl(*c.source, c.size, c.margin, c.margin, c.margin, c.margin);
+        const wxImage rendered = ctrl.RenderImage(c.size);
+        const wxImage held = ctrl.GetBitmap().ConvertToImage();
+        EXPECT_EQ(firstDifference(held, rendered), "");
+        ASSERT_EQ(held.HasAlpha(), rendered.HasAlpha());
+        for (int y = 0; rendered.HasAlpha() && y < rendered.GetHeight(); ++y)
+            for (int x = 0; x < rendered.GetWidth(); ++x)
+                ASSERT_EQ(held.GetAlpha(x, y), rendered.GetAlpha(x, y)) << x << "," << y;
+    }
+
     wxImage masked = nineSliceImage();
     masked.SetMaskColour(255, 0, 255);
     const wxImage m = ImageCtrl(masked, wxSize(60, 60), 10, 10, 10, 10).RenderImage(wxSize(60, 60));
@@ -248,6 +273,28 @@ TEST(ImageCtrlTest, DrawPaintsTheRenderingAndDescriptorMarginsKeepTheirOrder)
     for (const wxPoint p : {wxPoint(0, 0), wxPoint(39, 0), wxPoint(20, 20), wxPoint(39, 39)}) {
         EXPECT_EQ(painted.GetRed(p.x + 5, p.y + 5), expected.GetRed(p.x, p.y));
         EXPECT_EQ(painted.GetBlue(p.x + 5, p.y + 5), expected.GetBlue(p.x, p.y));
+    }
+
+    // A partly transparent rendering is blended over what is below it.
+    wxImage faded = nineSliceImage();
+    faded.InitAlpha();
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 30; ++x)
+            faded.SetAlpha(x, y, 128);
+    ImageCtrl fadedCtrl(faded, wxSize(40, 40), 10, 10, 10, 10);
+    {
+        wxMemoryDC dc(canvas);
+        dc.SetBackground(*wxWHITE_BRUSH);
+        dc.Clear();
+        fadedCtrl.Draw(dc, wxPoint(5, 5));
+    }
+    const wxImage blended = canvas.ConvertToImage();
+    const wxImage fadedExpected = fadedCtrl.RenderImage(wxSize(40, 40));
+    for (const wxPoint p : {wxPoint(0, 0), wxPoint(39, 0), wxPoint(20, 20), wxPoint(39, 39)}) {
+        const int red = (fadedExpected.GetRed(p.x, p.y) + 255) / 2;
+        const int blue = (fadedExpected.GetBlue(p.x, p.y) + 255) / 2;
+        EXPECT_NEAR(blended.GetRed(p.x + 5, p.y + 5), red, 2) << p.x << "," << p.y;
+        EXPECT_NEAR(blended.GetBlue(p.x + 5, p.y + 5), blue, 2) << p.x << "," << p.y;
     }
 
     // The margin attribute lists top, left, right, bottom.
