@@ -5,6 +5,7 @@
 
 #include <wx/dcmemory.h>
 
+#include <cstring>
 #include <string>
 
 using UIKit::ImageCtrl;
@@ -259,42 +260,31 @@ TEST(ImageCtrlTest, BlitClipsToBothImagesAndSettlesAlpha)
 
 TEST(ImageCtrlTest, DrawPaintsTheRenderingAndDescriptorMarginsKeepTheirOrder)
 {
-    ImageCtrl ctrl(nineSliceImage(), wxSize(40, 40), 10, 10, 10, 10);
-    wxBitmap canvas(50, 50, 24);
-    {
-        wxMemoryDC dc(canvas);
-        dc.SetBackground(*wxWHITE_BRUSH);
-        dc.Clear();
-        ctrl.Draw(dc, wxPoint(5, 5));
-    }
-    const wxImage painted = canvas.ConvertToImage();
-    const wxImage expected = ctrl.RenderImage(wxSize(40, 40));
-    EXPECT_EQ(painted.GetRed(4, 4), 255) << "outside the drawing";
-    for (const wxPoint p : {wxPoint(0, 0), wxPoint(39, 0), wxPoint(20, 20), wxPoint(39, 39)}) {
-        EXPECT_EQ(painted.GetRed(p.x + 5, p.y + 5), expected.GetRed(p.x, p.y));
-        EXPECT_EQ(painted.GetBlue(p.x + 5, p.y + 5), expected.GetBlue(p.x, p.y));
-    }
-
-    // A partly transparent rendering is blended over what is below it.
-    wxImage faded = nineSliceImage();
-    faded.InitAlpha();
-    for (int y = 0; y < 30; ++y)
-        for (int x = 0; x < 30; ++x)
-            faded.SetAlpha(x, y, 128);
-    ImageCtrl fadedCtrl(faded, wxSize(40, 40), 10, 10, 10, 10);
-    {
-        wxMemoryDC dc(canvas);
-        dc.SetBackground(*wxWHITE_BRUSH);
-        dc.Clear();
-        fadedCtrl.Draw(dc, wxPoint(5, 5));
-    }
-    const wxImage blended = canvas.ConvertToImage();
-    const wxImage fadedExpected = fadedCtrl.RenderImage(wxSize(40, 40));
-    for (const wxPoint p : {wxPoint(0, 0), wxPoint(39, 0), wxPoint(20, 20), wxPoint(39, 39)}) {
-        const int red = (fadedExpected.GetRed(p.x, p.y) + 255) / 2;
-        const int blue = (fadedExpected.GetBlue(p.x, p.y) + 255) / 2;
-        EXPECT_NEAR(blended.GetRed(p.x + 5, p.y + 5), red, 2) << p.x << "," << p.y;
-        EXPECT_NEAR(blended.GetBlue(p.x + 5, p.y + 5), blue, 2) << p.x << "," << p.y;
+    // Drawn at (5, 5) on white: an opaque rendering covers it, a partly
+    // transparent one (written straight into its bitmap) is blended over it.
+    for (const int opacity : {255, 128}) {
+        SCOPED_TRACE(opacity);
+        wxImage source = nineSliceImage();
+        if (opacity < 255) {
+            source.InitAlpha();
+            std::memset(source.GetAlpha(), opacity, 30 * 30);
+        }
+        ImageCtrl ctrl(source, wxSize(40, 40), 10, 10, 10, 10);
+        wxBitmap canvas(50, 50, 24);
+        {
+            wxMemoryDC dc(canvas);
+            dc.SetBackground(*wxWHITE_BRUSH);
+            dc.Clear();
+            ctrl.Draw(dc, wxPoint(5, 5));
+        }
+        const wxImage painted = canvas.ConvertToImage();
+        const wxImage expected = ctrl.RenderImage(wxSize(40, 40));
+        EXPECT_EQ(painted.GetRed(4, 4), 255) << "outside the drawing";
+        const auto over = [opacity](int c) { return (c * opacity + 255 * (255 - opacity)) / 255; };
+        for (const wxPoint p : {wxPoint(0, 0), wxPoint(39, 0), wxPoint(20, 20), wxPoint(39, 39)}) {
+            EXPECT_NEAR(painted.GetRed(p.x + 5, p.y + 5), over(expected.GetRed(p.x, p.y)), 2) << p.x << "," << p.y;
+            EXPECT_NEAR(painted.GetBlue(p.x + 5, p.y + 5), over(expected.GetBlue(p.x, p.y)), 2) << p.x << "," << p.y;
+        }
     }
 
     // The margin attribute lists top, left, right, bottom.
