@@ -2,6 +2,10 @@
 
 #include "descriptors/ImageDescriptor.h"
 
+#ifdef __WXGTK__
+#include <gdk-pixbuf/gdk-pixbuf.h>
+#endif
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -46,40 +50,63 @@ std::vector<int> positionMap(const Bands& b)
     return map;
 }
 
-// Fills the target in one pass through the position maps. A target row that
-// takes the same source row as the one above is a copy of it, which makes
-// vertical stretching nearly free.
-void fillByMaps(const wxImage& source, const std::vector<int>& columns, const std::vector<int>& rows, wxImage& target)
+// Where a fill writes. A wxImage keeps colour and alpha in two planes; a
+// pixbuf interleaves them, alpha being the fourth byte of each pixel.
+struct PixelPlanes {
+    int width;
+    unsigned char* rgb;
+    size_t rgbStride; // bytes from one row to the next
+    int rgbStep;      // bytes from one pixel to the next
+    unsigned char* alpha; // null when the target has no alpha
+    size_t alphaStride;
+    int alphaStep;
+
+    bool AlphaInRgbRows() const { return alpha == rgb + 3; }
+};
+
+// Fills every pixel of the target in one pass through the position maps;
+// positions without a source pixel become transparent black. A target row
+// that takes the same source row as the one above is a copy of it, which
+// makes vertical stretching nearly free.
+void fillByMaps(const wxImage& source, const std::vector<int>& columns, const std::vector<int>& rows,
+                const PixelPlanes& to)
 {
     const int sw = source.GetWidth();
-    const int tw = target.GetWidth();
     const unsigned char* sRgb = source.GetData();
     const unsigned char* sAlpha = source.HasAlpha() ? source.GetAlpha() : nullptr;
-    unsigned char* tRgb = target.GetData();
-    unsigned char* tAlpha = target.HasAlpha() ? target.GetAlpha() : nullptr;
     for (size_t ty = 0; ty < rows.size(); ++ty) {
         const int sy = rows[ty];
-        unsigned char* rgbRow = tRgb + ty * size_t(tw) * 3;
-        unsigned char* alphaRow = tAlpha ? tAlpha + ty * size_t(tw) : nullptr;
-        if (sy < 0)
-            continue;
+        unsigned char* rgbRow = to.rgb + ty * to.rgbStride;
+        unsigned char* alphaRow = to.alpha ? to.alpha + ty * to.alphaStride : nullptr;
         if (ty > 0 && rows[ty - 1] == sy) {
-            std::memcpy(rgbRow, rgbRow - size_t(tw) * 3, size_t(tw) * 3);
-            if (alphaRow)
-                std::memcpy(alphaRow, alphaRow - tw, size_t(tw));
+            std::memcpy(rgbRow, rgbRow - to.rgbStride, size_t(to.width) * size_t(to.rgbStep));
+            if (alphaRow && !to.AlphaInRgbRows())
+                std::memcpy(alphaRow, alphaRow - to.alphaStride, size_t(to.width) * size_t(to.alphaStep));
             continue;
         }
-        const unsigned char* sRgbRow = sRgb + size_t(sy) * size_t(sw) * 3;
-        const unsigned char* sAlphaRow = sAlpha ? sAlpha + size_t(sy) * size_t(sw) : nullptr;
-        for (int tx = 0; tx < tw; ++tx) {
-            const int sx = columns[size_t(tx)];
-            if (sx < 0)
-                continue;
-            std::memcpy(rgbRow + tx * 3, sRgbRow + sx * 3, 3);
+        const unsigned char* sRgbRow = sy < 0 ? nullptr : sRgb + size_t(sy) * size_t(sw) * 3;
+        const unsigned char* sAlphaRow = sy < 0 || !sAlpha ? nullptr : sAlpha + size_t(sy) * size_t(sw);
+        for (int tx = 0; tx < to.width; ++tx) {
+            const int sx = sRgbRow ? columns[size_t(tx)] : -1;
+            unsigned char* pixel = rgbRow + tx * to.rgbStep;
+            unsigned char alpha = 0;
+            if (sx < 0) {
+                pixel[0] = pixel[1] = pixel[2] = 0;
+            } else {
+                std::memcpy(pixel, sRgbRow + sx * 3, 3);
+                alpha = sAlphaRow ? sAlphaRow[sx] : 255;
+            }
             if (alphaRow)
-                alphaRow[tx] = sAlphaRow ? sAlphaRow[sx] : 255;
+                alphaRow[tx * to.alphaStep] = alpha;
         }
     }
+}
+
+PixelPlanes planesOf(wxImage& image)
+{
+    const int w = image.GetWidth();
+    return PixelPlanes{w, image.GetData(), size_t(w) * 3, 3, image.HasAlpha() ? image.GetAlpha() : nullptr,
+                       size_t(w), 1};
 }
 
 // The nine pieces cut, scaled with wxImage::Scale and pasted one by one; used
@@ -111,6 +138,68 @@ bool isOpaque(const wxImage& image)
     return std::all_of(alpha, alpha + size_t(image.GetWidth()) * size_t(image.GetHeight()),
                        [](unsigned char a) { return a == 255; });
 }
+
+// How one rendering is made.
+struct Plan {
+    enum Method { Nothing, Source, Scale, Maps, Pieces } method = Nothing;
+    int width = 0;
+    int height = 0;
+    Bands x{};
+    Bands y{};
+    bool alpha = false; // the rendering has an alpha channel
+};
+
+Plan planOf(const wxImage& source, bool opaque, const wxSize& size, unsigned int top, unsigned int left,
+            unsigned int right, unsigned int bottom)
+{
+    Plan plan;
+    if (!source.IsOk() || size.x < 1 || size.y < 1)
+        return plan;
+    const int sw = source.GetWidth();
+    const int sh = source.GetHeight();
+    plan.width = size.x;
+    plan.height = size.y;
+    if (size == source.GetSize()) {
+        plan.method = Plan::Source;
+        return plan;
+    }
+    const bool noMargins = left == 0 && right == 0 && top == 0 && bottom == 0;
+    if (noMargins || left + right > unsigned(sw) || top + bottom > unsigned(sh)) {
+        plan.method = Plan::Scale;
+        return plan;
+    }
+    // The margins are never squeezed: a size too small for them grows.
+    plan.width = std::max(size.x, int(left + right) + 1);
+    plan.height = std::max(size.y, int(top + bottom) + 1);
+    plan.x = bandsOf(sw, plan.width, left, right);
+    plan.y = bandsOf(sh, plan.height, top, bottom);
+    const bool shrinks = plan.x.target[2] - plan.x.target[1] < plan.x.source[2] - plan.x.source[1] ||
+                         plan.y.target[2] - plan.y.target[1] < plan.y.source[2] - plan.y.source[1];
+    plan.method = shrinks ? Plan::Pieces : Plan::Maps;
+    // Margins that fill the source leave an empty middle band, which stays
+    // transparent. Otherwise an opaque source covers the whole target, and
+    // without an alpha channel its bitmap is many times cheaper to build.
+    const bool gaps = left + right == unsigned(sw) || top + bottom == unsigned(sh);
+    plan.alpha = !opaque || gaps;
+    return plan;
+}
+
+#ifdef __WXGTK__
+// wxBitmap(wxImage) copies an image with alpha into a pixbuf pixel by
+// pixel, which costs more than the rendering itself; the slices are written
+// straight into the pixbuf the bitmap then adopts.
+wxBitmap bitmapByMaps(const wxImage& source, const Plan& plan)
+{
+    GdkPixbuf* pixbuf = gdk_pixbuf_new(GDK_COLORSPACE_RGB, TRUE, 8, plan.width, plan.height);
+    if (!pixbuf)
+        return wxBitmap();
+    unsigned char* pixels = gdk_pixbuf_get_pixels(pixbuf);
+    const size_t stride = size_t(gdk_pixbuf_get_rowstride(pixbuf));
+    fillByMaps(source, positionMap(plan.x), positionMap(plan.y),
+               PixelPlanes{plan.width, pixels, stride, 4, pixels + 3, stride, 4});
+    return wxBitmap(pixbuf);
+}
+#endif
 
 } // namespace
 
@@ -149,6 +238,16 @@ ImageCtrl::~ImageCtrl() = default;
 
 void ImageCtrl::Resize(const wxSize& size)
 {
+#ifdef __WXGTK__
+    const Plan plan = planOf(m_source, m_opaque, size, m_top, m_left, m_right, m_bottom);
+    if (plan.method == Plan::Maps && plan.alpha && !m_source.HasMask()) {
+        wxBitmap bitmap = bitmapByMaps(m_source, plan);
+        if (bitmap.IsOk()) {
+            m_rendered = bitmap;
+            return;
+        }
+    }
+#endif
     const wxImage image = RenderImage(size);
     if (image.IsOk())
         m_rendered = wxBitmap(image, wxBITMAP_SCREEN_DEPTH);
@@ -162,40 +261,34 @@ void ImageCtrl::Draw(wxDC& dc, const wxPoint& at)
 
 wxImage ImageCtrl::RenderImage(const wxSize& size) const
 {
-    if (!m_source.IsOk() || size.x < 1 || size.y < 1)
+    const Plan plan = planOf(m_source, m_opaque, size, m_top, m_left, m_right, m_bottom);
+    switch (plan.method) {
+    case Plan::Nothing:
         return wxImage();
-    const int sw = m_source.GetWidth();
-    const int sh = m_source.GetHeight();
-    if (size == m_source.GetSize())
+    case Plan::Source:
         return m_source;
-    const bool noMargins = m_left == 0 && m_right == 0 && m_top == 0 && m_bottom == 0;
-    if (noMargins || m_left + m_right > unsigned(sw) || m_top + m_bottom > unsigned(sh))
-        return m_source.Scale(size.x, size.y, wxIMAGE_QUALITY_NORMAL);
-
-    // The margins are never squeezed: a size too small for them grows.
-    const int tw = std::max(size.x, int(m_left + m_right) + 1);
-    const int th = std::max(size.y, int(m_top + m_bottom) + 1);
-    const Bands x = bandsOf(sw, tw, m_left, m_right);
-    const Bands y = bandsOf(sh, th, m_top, m_bottom);
-    // Margins that fill the source leave an empty middle band, which stays
-    // transparent. Otherwise an opaque source covers the whole target, and
-    // without an alpha channel its bitmap is many times cheaper to build.
-    const bool gaps = m_left + m_right == unsigned(sw) || m_top + m_bottom == unsigned(sh);
-    const bool shrinks = x.target[2] - x.target[1] < x.source[2] - x.source[1] ||
-                         y.target[2] - y.target[1] < y.source[2] - y.source[1];
-    // Every pixel, alpha included, is written by the maps when there are no
-    // gaps, so a partly transparent source needs no cleared alpha first.
-    const bool writesEveryAlpha = !m_opaque && !gaps && !shrinks;
-    wxImage target = (m_opaque && !gaps) || writesEveryAlpha ? wxImage(tw, th, false) : CreateTransparentImage(tw, th);
-    if (writesEveryAlpha)
-        target.SetAlpha(static_cast<unsigned char*>(std::malloc(size_t(tw) * size_t(th))), false);
+    case Plan::Scale:
+        return m_source.Scale(plan.width, plan.height, wxIMAGE_QUALITY_NORMAL);
+    case Plan::Maps:
+    case Plan::Pieces:
+        break;
+    }
+    wxImage target;
+    if (plan.method == Plan::Pieces && plan.alpha) {
+        target = CreateTransparentImage(plan.width, plan.height);
+    } else {
+        // The maps write every byte, alpha included: nothing to clear first.
+        target = wxImage(plan.width, plan.height, false);
+        if (plan.alpha)
+            target.SetAlpha(static_cast<unsigned char*>(std::malloc(size_t(plan.width) * size_t(plan.height))), false);
+    }
     if (m_source.HasMask())
         target.SetMaskColour(m_source.GetMaskRed(), m_source.GetMaskGreen(), m_source.GetMaskBlue());
-    if (shrinks) {
+    if (plan.method == Plan::Pieces) {
         wxImage source = m_source;
-        fillByPieces(source, x, y, target);
+        fillByPieces(source, plan.x, plan.y, target);
     } else {
-        fillByMaps(m_source, positionMap(x), positionMap(y), target);
+        fillByMaps(m_source, positionMap(plan.x), positionMap(plan.y), planesOf(target));
     }
     return target;
 }

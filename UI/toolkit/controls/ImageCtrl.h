@@ -24,7 +24,8 @@ public:
     virtual ~ImageCtrl();
 
     // Renders the source at the size; an invalid source or a size below 1
-    // keeps the previous rendering.
+    // keeps the previous rendering. A rendering with alpha is written
+    // straight into the bitmap's pixels; the others go through RenderImage.
     virtual void Resize(const wxSize& size);
     // Draws the current rendering, transparency included, at the point.
     virtual void Draw(wxDC& dc, const wxPoint& at);

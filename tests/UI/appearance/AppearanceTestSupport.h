@@ -4,10 +4,10 @@
 // of the error sink, and a fixture giving each test its own appearances and
 // configuration directories (set through the environment, which
 // PathManager prefers), the C locale and its own Appearance.
+#include "ErrorCapture.h"
 #include "TestSupport.h"
 #include "appearance/Appearance.h"
 #include "appearance/PackLimits.h"
-#include "xml/ErrorSink.h"
 
 #include <zip.h>
 
@@ -76,22 +76,7 @@ inline std::string FileText(const fs::path& path)
     return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
-// Collects what reaches the error sink while it lives, as formatted lines.
-class ErrorCapture {
-public:
-    ErrorCapture()
-        : m_previous(UIKit::ErrorSink::Install([this](const UIKit::PackError& e) { m_lines.push_back(e.Format()); }))
-    {
-    }
-    ~ErrorCapture() { UIKit::ErrorSink::Install(m_previous); }
-    ErrorCapture(const ErrorCapture&) = delete;
-    ErrorCapture& operator=(const ErrorCapture&) = delete;
-    const std::vector<std::string>& Lines() const { return m_lines; }
-
-private:
-    UIKit::ErrorSink::Handler m_previous;
-    std::vector<std::string> m_lines;
-};
+using testsupport::ErrorCapture;
 
 // Replaces the pack limits in force for the lifetime of the object, so
 // that small inputs trip them.

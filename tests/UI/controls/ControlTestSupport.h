@@ -65,6 +65,9 @@ protected:
             m_resources.images[std::wstring(s.file, s.file + std::strlen(s.file))] = image;
         }
         m_resources.strings["LB_OK"] = L"OK";
+        // The label keys the control tests write, so that they read as defined.
+        for (const char* key : {"OK", "Hi", "Go"})
+            m_resources.strings[key] = TString<wchar_t>(std::wstring(key, key + std::strlen(key)));
         m_frame = new wxFrame(nullptr, wxID_ANY, "controls", wxPoint(0, 0), wxSize(300, 200));
         m_frame->Show();
     }

@@ -5,6 +5,7 @@
 
 #include <wx/dcmemory.h>
 
+#include <cstring>
 #include <string>
 
 using UIKit::ImageCtrl;
@@ -159,6 +160,31 @@ TEST(ImageCtrlTest, AlphaAndMaskCarryIntoTheRendering)
     EXPECT_EQ(a.GetAlpha(59, 30), 29 * 8);
     EXPECT_EQ(a.GetAlpha(30, 30), a.GetRed(30, 30));
 
+    // The bitmap a resize makes (written straight into the bitmap when the
+    // rendering has alpha) holds the same pixels, transparent ones included.
+    const wxImage opaqueNoAlpha = nineSliceImage();
+    struct Case {
+        const wxImage* source;
+        unsigned int margin;
+        wxSize size;
+    };
+    const Case cases[] = {
+        {&withAlpha, 10, {400, 300}}, {&withAlpha, 10, {25, 25}},     // stretched, then shrunk
+        {&withAlpha, 15, {60, 45}},   {&opaqueNoAlpha, 15, {40, 40}}, // empty middle bands
+        {&opaqueAlpha, 10, {50, 70}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::to_string(c.size.x) + "x" + std::to_string(c.size.y));
+        ImageCtrl ctrl(*c.source, c.size, c.margin, c.margin, c.margin, c.margin);
+        const wxImage rendered = ctrl.RenderImage(c.size);
+        const wxImage held = ctrl.GetBitmap().ConvertToImage();
+        EXPECT_EQ(firstDifference(held, rendered), "");
+        ASSERT_EQ(held.HasAlpha(), rendered.HasAlpha());
+        for (int y = 0; rendered.HasAlpha() && y < rendered.GetHeight(); ++y)
+            for (int x = 0; x < rendered.GetWidth(); ++x)
+                ASSERT_EQ(held.GetAlpha(x, y), rendered.GetAlpha(x, y)) << x << "," << y;
+    }
+
     wxImage masked = nineSliceImage();
     masked.SetMaskColour(255, 0, 255);
     const wxImage m = ImageCtrl(masked, wxSize(60, 60), 10, 10, 10, 10).RenderImage(wxSize(60, 60));
@@ -234,20 +260,31 @@ TEST(ImageCtrlTest, BlitClipsToBothImagesAndSettlesAlpha)
 
 TEST(ImageCtrlTest, DrawPaintsTheRenderingAndDescriptorMarginsKeepTheirOrder)
 {
-    ImageCtrl ctrl(nineSliceImage(), wxSize(40, 40), 10, 10, 10, 10);
-    wxBitmap canvas(50, 50, 24);
-    {
-        wxMemoryDC dc(canvas);
-        dc.SetBackground(*wxWHITE_BRUSH);
-        dc.Clear();
-        ctrl.Draw(dc, wxPoint(5, 5));
-    }
-    const wxImage painted = canvas.ConvertToImage();
-    const wxImage expected = ctrl.RenderImage(wxSize(40, 40));
-    EXPECT_EQ(painted.GetRed(4, 4), 255) << "outside the drawing";
-    for (const wxPoint p : {wxPoint(0, 0), wxPoint(39, 0), wxPoint(20, 20), wxPoint(39, 39)}) {
-        EXPECT_EQ(painted.GetRed(p.x + 5, p.y + 5), expected.GetRed(p.x, p.y));
-        EXPECT_EQ(painted.GetBlue(p.x + 5, p.y + 5), expected.GetBlue(p.x, p.y));
+    // Drawn at (5, 5) on white: an opaque rendering covers it, a partly
+    // transparent one (written straight into its bitmap) is blended over it.
+    for (const int opacity : {255, 128}) {
+        SCOPED_TRACE(opacity);
+        wxImage source = nineSliceImage();
+        if (opacity < 255) {
+            source.InitAlpha();
+            std::memset(source.GetAlpha(), opacity, 30 * 30);
+        }
+        ImageCtrl ctrl(source, wxSize(40, 40), 10, 10, 10, 10);
+        wxBitmap canvas(50, 50, 24);
+        {
+            wxMemoryDC dc(canvas);
+            dc.SetBackground(*wxWHITE_BRUSH);
+            dc.Clear();
+            ctrl.Draw(dc, wxPoint(5, 5));
+        }
+        const wxImage painted = canvas.ConvertToImage();
+        const wxImage expected = ctrl.RenderImage(wxSize(40, 40));
+        EXPECT_EQ(painted.GetRed(4, 4), 255) << "outside the drawing";
+        const auto over = [opacity](int c) { return (c * opacity + 255 * (255 - opacity)) / 255; };
+        for (const wxPoint p : {wxPoint(0, 0), wxPoint(39, 0), wxPoint(20, 20), wxPoint(39, 39)}) {
+            EXPECT_NEAR(painted.GetRed(p.x + 5, p.y + 5), over(expected.GetRed(p.x, p.y)), 2) << p.x << "," << p.y;
+            EXPECT_NEAR(painted.GetBlue(p.x + 5, p.y + 5), over(expected.GetBlue(p.x, p.y)), 2) << p.x << "," << p.y;
+        }
     }
 
     // The margin attribute lists top, left, right, bottom.

@@ -64,7 +64,7 @@ TEST_F(DescriptorTest, BaseValuesPresentAbsentAndMalformed)
     const Document odd(R"(<Control id="id_ok" bounds="1,2,3"><Style parent_position="topleft"/></Control>)");
     ErrorCapture errors;
     auto o = odd.Make<BaseCtrlDescriptor>();
-    EXPECT_EQ(errors.lines, (std::vector<std::string>{
+    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{
                                 "test.xml:1: bad value '1,2,3' of attribute 'bounds': 4 numbers expected"}));
     EXPECT_EQ(o->GetId(), -1);
     EXPECT_EQ(o->GetBounds(), wxRect());
@@ -86,7 +86,7 @@ TEST_F(DescriptorTest, ChildrenAndTemplatesKeepOrderAndSkipUnknownClasses)
       </Control>)");
     ErrorCapture errors;
     auto root = Factory().CreateDescriptor(doc.Root());
-    EXPECT_EQ(errors.lines, (std::vector<std::string>{"test.xml:3: unknown control class 'Unknown'",
+    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{"test.xml:3: unknown control class 'Unknown'",
                                                       "test.xml:4: control element without a class"}));
     ASSERT_TRUE(root.DynamicCast<PanelCtrlDescriptor>());
     ASSERT_EQ(root->GetControls().size(), 3u);
@@ -183,6 +183,7 @@ TEST_F(DescriptorTest, ProgressBarFramesAndStyle)
 {
     descriptortest::FakeResources provider;
     provider.images[L"strip.png"] = wxImage(500, 10);
+    ErrorCapture errors;
     const Document animated(R"(<Control bounds="0,0,50,10"><AnimatedImages>none.png</AnimatedImages>
         <Images>strip.png</Images></Control>)",
                             &provider);
@@ -191,6 +192,8 @@ TEST_F(DescriptorTest, ProgressBarFramesAndStyle)
     EXPECT_EQ(bar->GetProgressStyle(), ProgressBarCtrlDescriptor::Animation);
     EXPECT_EQ(bar->GetMaximum(), 100);
     EXPECT_EQ(bar->GetFrameDelay(), -1);
+    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"test.xml:1: missing image 'none.png'"})
+        << "a missing animation strip still selects the animated style, and says so";
 
     const Document plain(R"(<Control bounds="0,0,0,10"><Images>strip.png</Images><Style progressStyle="block"/></Control>)",
                          &provider);

@@ -4,12 +4,13 @@
 // appearance, a collector of the problems reported to the error sink, a
 // parsed document that keeps its tree alive, and a fresh factory and
 // template registry per test.
+#include "ErrorCapture.h"
+
 #include "controls/ImageCtrl.h"
 #include "descriptors/BaseCtrlDescriptor.h"
 #include "descriptors/ImageDescriptor.h"
 #include "descriptors/TemplateManager.h"
 #include "factory/CtrlFactory.h"
-#include "xml/ErrorSink.h"
 #include "xml/IResourceProvider.h"
 #include "xml/XMLLoader.h"
 #include "xml/XMLNode.h"
@@ -62,19 +63,7 @@ public:
     std::vector<std::wstring> requested;
 };
 
-// Collects what is reported to the error sink while it lives.
-class ErrorCapture {
-public:
-    ErrorCapture()
-        : m_previous(UIKit::ErrorSink::Install([this](const UIKit::PackError& e) { lines.push_back(e.Format()); }))
-    {
-    }
-    ~ErrorCapture() { UIKit::ErrorSink::Install(m_previous); }
-    std::vector<std::string> lines;
-
-private:
-    UIKit::ErrorSink::Handler m_previous;
-};
+using testsupport::ErrorCapture;
 
 // One parsed document; nodes made from it live as long as it does.
 class Document {

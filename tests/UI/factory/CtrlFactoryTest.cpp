@@ -60,10 +60,13 @@ TEST_F(CtrlFactoryTest, FirstRegistrationWinsAndNamesAreCaseSensitive)
     Factory().AddGenerator(L"ButtonCtrl", g2);
     EXPECT_EQ(Factory().GetGenerator(L"ButtonCtrl").get(), g2.get());
 
+    ErrorCapture errors;
     const Document unknown(R"(<Control class="buttonctrl"/>)");
     EXPECT_FALSE(Factory().CreateDescriptor(unknown.Root()));
     const Document noClass("<Control/>");
     EXPECT_FALSE(Factory().CreateDescriptor(noClass.Root()));
+    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{"test.xml:1: unknown control class 'buttonctrl'",
+                                                        "test.xml:1: control element without a class"}));
     EXPECT_EQ(Factory().CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor>(), m_frame, -1), nullptr);
 }
 
@@ -76,9 +79,11 @@ TEST_F(CtrlFactoryTest, ControlsAreBuiltInOrderWithTheirDeclaredIdsAndUnknownOne
         <Control class="Nobody" name="middle"/>
         <Control class="Plain" name="last"/>
       </Control>)");
+    ErrorCapture errors;
     auto root = Factory().CreateDescriptor(doc.Root());
     ASSERT_TRUE(root);
     ASSERT_EQ(root->GetControls().size(), 2u) << "the unknown class is left out of the description";
+    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"test.xml:3: unknown control class 'Nobody'"});
 
     // A description of a class nobody builds, made directly, sits between them.
     const Document nobody(R"(<Control class="Nobody"/>)");
@@ -112,7 +117,7 @@ TEST_F(CtrlFactoryTest, TemplatesBuildOnlyTheRequestedKind)
     ErrorCapture errors;
     EXPECT_EQ(Factory().CreateControl<Control>(L"Missing", m_frame, -1), nullptr);
     EXPECT_TRUE(log.Contains(L" => Missing Interface Descriptor 'Missing' !")) << log.Dump();
-    EXPECT_EQ(errors.lines, (std::vector<std::string>{"undefined template 'Missing'"}));
+    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{"undefined template 'Missing'"}));
 }
 
 TEST_F(CtrlFactoryTest, TemplateRegistryKeysByClassAndKeepsTheFirst)
@@ -124,8 +129,10 @@ TEST_F(CtrlFactoryTest, TemplateRegistryKeysByClassAndKeepsTheFirst)
         <Control name="nameless"/><Other class="Plain"/></Templates>)");
     const Document second(R"(<Templates><Control class="Plain" name="two"/></Templates>)");
     auto templates = TemplateManager::Instance();
+    ErrorCapture errors;
     templates->Load(first.Root(), Factory());
     templates->Load(second.Root(), Factory());
+    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"test.xml:1: unknown control class 'Unknown'"});
     EXPECT_EQ(templates->Size(), 2u);
     EXPECT_EQ(templates->Get(L"Plain")->GetName(), L"one");
     EXPECT_TRUE(log.Contains(L"Template KEY[Plain] already exists in the templates map"));
@@ -154,7 +161,7 @@ TEST_F(CtrlFactoryTest, OnePathFromPackToControlTreeWithTheFactorysResources)
 
     ErrorCapture errors;
     EXPECT_FALSE(Factory().CreateDescriptorFromPack(L"absent"));
-    EXPECT_EQ(errors.lines, (std::vector<std::string>{
+    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{
                                 "absent.xml: the description cannot be read from the appearance pack"}));
 }
 
@@ -171,8 +178,8 @@ TEST_F(CtrlFactoryTest, TruncatedDocumentIsReportedWithFileAndLineAndBuildsWhatI
     Factory().SetResources(&pack);
     ErrorCapture errors;
     auto descriptor = Factory().CreateDescriptorFromPack(L"dashboard");
-    ASSERT_FALSE(errors.lines.empty()) << "a truncated document is not silently half-built";
-    EXPECT_EQ(errors.lines.front().rfind("dashboard.xml:4: ", 0), 0u) << errors.lines.front();
+    ASSERT_FALSE(errors.Lines().empty()) << "a truncated document is not silently half-built";
+    EXPECT_EQ(errors.Lines().front().rfind("dashboard.xml:4: ", 0), 0u) << errors.Lines().front();
     ASSERT_TRUE(descriptor) << "what could be read is still built";
     EXPECT_TRUE(descriptor->GetControl(L"Title"));
     EXPECT_TRUE(descriptor->GetControl(L"Status"));

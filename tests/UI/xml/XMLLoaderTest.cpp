@@ -88,6 +88,7 @@ TEST_F(XMLLoaderTest, ReadIdKnowsOnlyExactSymbolicNames)
 
 TEST_F(XMLLoaderTest, NumberListsNeedEnoughNumbersElseTheDefault)
 {
+    ErrorCapture errors;
     EXPECT_EQ(m_loader.ReadColor("V", "c4"), wxColour(10, 20, 30, 40));
     EXPECT_EQ(m_loader.ReadColor("V", "c300").Red(), 44) << "each component keeps its low byte";
     EXPECT_EQ(m_loader.ReadColor("V", "cneg"), wxColour(255, 0, 0, 0));
@@ -100,6 +101,14 @@ TEST_F(XMLLoaderTest, NumberListsNeedEnoughNumbersElseTheDefault)
     EXPECT_EQ(m_loader.ReadPoint("V", "two"), wxPoint(5, 6));
     EXPECT_EQ(m_loader.ReadRect("V", "c4"), wxRect(10, 20, 30, 40));
     EXPECT_EQ(m_loader.ReadRect("V", "c3"), wxRect(0, 0, 0, 0));
+    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{
+                                  "bad value 'a,b,c,d' of attribute 'cx': 4 numbers expected",
+                                  "bad value '10,20,30' of attribute 'c3': 4 numbers expected",
+                                  "bad value '5,6' of attribute 'two': 4 numbers expected",
+                                  "bad value '5' of attribute 'one1': 2 numbers expected",
+                                  "bad value '10,20,30' of attribute 'c3': 4 numbers expected",
+                              }))
+        << "a missing attribute is no error; a short or wordy list is";
 }
 
 TEST_F(XMLLoaderTest, PaddingsAreIndependentUnlessEmpty)
@@ -114,8 +123,10 @@ TEST_F(XMLLoaderTest, PaddingsAreIndependentUnlessEmpty)
     EXPECT_EQ(a->GetBottom(), static_cast<int16_t>(70000));
     EXPECT_EQ(b->GetBottom(), 4);
 
+    ErrorCapture errors;
     const auto none = m_loader.ReadPadding("V", "missing");
     const auto tooShort = m_loader.ReadPadding("V", "two");
+    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"bad value '5,6' of attribute 'two': 4 numbers expected"});
     EXPECT_EQ(none.get(), Padding::_EmptyPadding.get());
     EXPECT_EQ(tooShort.get(), none.get());
     EXPECT_EQ(none->GetLeft() | none->GetTop() | none->GetRight() | none->GetBottom(), 0);
@@ -137,7 +148,7 @@ TEST_F(XMLLoaderTest, LabelsAndImagesGoThroughTheLoadersResources)
     EXPECT_FALSE(m_loader.ReadImage("Missing", "").IsOk()) << "no name, no lookup";
     EXPECT_FALSE(m_loader.LoadSkinImage(L"x.png").IsOk());
     EXPECT_EQ(resources.requested, (std::vector<std::wstring>{L"button.png", L"x.png"}));
-    EXPECT_EQ(errors.lines, (std::vector<std::string>{"missing image 'x.png'"})) << "a document without a name";
+    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{"missing image 'x.png'"})) << "a document without a name";
     // Nodes carry the loader's resources to whatever is built from them.
     EXPECT_EQ(XMLLoader(m_loader.GetRootNode()).ReadLabel("Label", ""), L"<IDS_OK>");
 }
@@ -164,7 +175,7 @@ TEST(XMLLoaderReportsTest, ProblemsNameTheFileAndTheElementsLine)
     EXPECT_EQ(loader.ReadSize("Size", "min"), wxSize(0, 0));
     EXPECT_EQ(loader.ReadSize("Size", "ok"), wxSize(5, 6));
     EXPECT_EQ(loader.ReadSize("Size", "absent"), wxSize(0, 0)) << "an absent value is no problem";
-    EXPECT_EQ(errors.lines, (std::vector<std::string>{
+    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{
                                 "screen.xml:1: bad value '1,2,x,4' of attribute 'bounds': 4 numbers expected",
                                 "screen.xml:2: bad value 'red' of attribute 'back': 4 numbers expected",
                                 "screen.xml:3: undefined string key 'LB_UNDEFINED'",
@@ -248,7 +259,7 @@ TEST(XMLLoaderFilesTest, LoadsFilesAndAppearanceDescriptionsOrLogsWhy)
     EXPECT_FALSE(loader.LoadFromAppearance(L"missing"));
     EXPECT_FALSE(loader.LoadFromAppearance(L"blank"));
     EXPECT_EQ(log.Size(), 3u);
-    EXPECT_EQ(errors.lines.size(), 2u);
+    EXPECT_EQ(errors.Lines().size(), 2u);
     EXPECT_TRUE(log.Contains(L"blank.xml"));
     EXPECT_TRUE(loader.LoadFromAppearance(L"settings"));
     EXPECT_EQ(loader.ReadInt("", "v", 0), 1);

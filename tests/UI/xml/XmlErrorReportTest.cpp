@@ -1,10 +1,10 @@
 // Problems in a document read through the loader reach the error sink as
 // "file:line: malformed XML: cause", once each, also when they lie in
 // children parsed after the load.
+#include "ErrorCapture.h"
 #include "TestSupport.h"
 #include "XmlTestTree.h"
 
-#include "xml/ErrorSink.h"
 #include "xml/XMLLoader.h"
 
 #include <gtest/gtest.h>
@@ -14,29 +14,12 @@
 
 using namespace UIKit;
 
-namespace {
-
-// Collects the formatted reports while it lives.
-class CollectedReports {
-public:
-    CollectedReports()
-        : m_previous(ErrorSink::Install([this](const PackError& e) { m_lines.push_back(e.Format()); }))
-    {
-    }
-    ~CollectedReports() { ErrorSink::Install(m_previous); }
-    const std::vector<std::string>& Lines() const { return m_lines; }
-
-private:
-    std::vector<std::string> m_lines;
-    ErrorSink::Handler m_previous;
-};
-
-} // namespace
+using testsupport::ErrorCapture;
 
 TEST(XmlErrorReportTest, TruncatedFileIsReportedWithItsNameAndLineAndKeepsWhatWasRead)
 {
     const std::string path = (testsupport::DataDir() / "xml" / "truncated" / "dashboard.xml").string();
-    CollectedReports reports;
+    ErrorCapture reports;
     XMLLoader loader;
     ASSERT_TRUE(loader.LoadFromFile(path));
     EXPECT_EQ(xmltest::CountElements(loader.GetElement()), 10u) << "what could be read stays";
@@ -49,7 +32,7 @@ TEST(XmlErrorReportTest, ProblemsInLaterParsedChildrenAreReportedOnceWhenRead)
 {
     const std::string text = "<Skin>\n<Screen name=\"a\"><Label>ok</Label></Screen>\n"
                              "<Screen name=\"b\">\n<Label>x</Lable></Screen>\n</Skin>\n";
-    CollectedReports reports;
+    ErrorCapture reports;
     XMLLoader loader;
     ASSERT_TRUE(loader.LoadFromBytes(text.data(), text.size()));
     EXPECT_TRUE(reports.Lines().empty()) << "the screens are not parsed yet";
