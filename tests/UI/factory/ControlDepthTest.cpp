@@ -103,9 +103,9 @@ TEST_F(ControlDepthTest, ControlsPastTheLimitAreLeftOutWithOneReport)
         ASSERT_TRUE(root);
         EXPECT_EQ(descriptorDepth(root.get()), c.depth);
         if (c.reported)
-            EXPECT_EQ(errors.lines, std::vector<std::string>{report});
+            EXPECT_EQ(errors.Lines(), std::vector<std::string>{report});
         else
-            EXPECT_TRUE(errors.lines.empty()) << errors.lines.front();
+            EXPECT_TRUE(errors.Lines().empty()) << errors.Lines().front();
         if (c.templateEvery)
             continue;
         Control* control = Factory().CreateControl(root, m_frame, -1);
@@ -128,5 +128,5 @@ TEST_F(ControlDepthTest, SiblingsOfADeepNestAreStillBuilt)
     EXPECT_TRUE(root->GetControl(L"sibling"));
     EXPECT_TRUE(root->GetTemplate(L"kept", false));
     EXPECT_TRUE(root->GetTemplate(L"nothing", true) == nullptr) << "template lookup walks the limited tree";
-    EXPECT_EQ(errors.lines.size(), 1u);
+    EXPECT_EQ(errors.Lines().size(), 1u);
 }
