@@ -19,7 +19,7 @@ void IDelegate::doRollback()
 void IDelegate::reportPendingChanges()
 {
     if (!App::m_pDashboard) {
-        TK_LOG(Toolkit::LogWarning) << "delegate: no dashboard to report pending changes to";
+        TK_LOG(Toolkit::LogError) << "delegate: no dashboard to report pending changes to";
         return;
     }
     App::m_pDashboard->OnPendingChanges(m_pendingKey, m_pendingValue);
