@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <wx/app.h>
+#include <wx/frame.h>
 
 #include <memory>
 #include <vector>
@@ -68,6 +69,42 @@ TEST(DataAdapterDataEvent, DispatchedCopiesKeepEveryField)
         EXPECT_EQ(copy->GetClientData(), &clientData);
     }
     EXPECT_NE(received[0].get(), received[1].get());
+}
+
+// A window that listens to a delegate, as lists do, and leaves it when it
+// is destroyed.
+class ListeningWindow : public wxWindow {
+public:
+    ListeningWindow(wxWindow* parent, UIKit::EventDispatcher& dispatcher, int& received)
+        : wxWindow(parent, wxID_ANY), m_dispatcher(dispatcher)
+    {
+        Bind(wxEventTypeTag<wxCommandEvent>(DataAdapterEvent::EVT_DATA_ADD), [&received](wxCommandEvent&) { ++received; });
+        m_dispatcher.AddListener(this);
+    }
+    ~ListeningWindow() override { m_dispatcher.RemoveListener(this); }
+
+private:
+    UIKit::EventDispatcher& m_dispatcher;
+};
+
+TEST(EventDispatcher, WindowDestroyedWithEventsQueuedReceivesNothing)
+{
+    UIKit::EventDispatcher dispatcher;
+    auto* frame = new wxFrame(nullptr, wxID_ANY, "lists");
+    int kept = 0, gone = 0;
+    new ListeningWindow(frame, dispatcher, kept);
+    auto* leaving = new ListeningWindow(frame, dispatcher, gone);
+    UIKit::DataAdapterDataEvent event(DataAdapterEvent::EVT_DATA_ADD, 0, 1);
+    dispatcher.DispatchEvent(event);
+    delete leaving;
+    dispatcher.DispatchEvent(event);
+    wxTheApp->ProcessPendingEvents();
+    EXPECT_EQ(kept, 2);
+    EXPECT_EQ(gone, 0);
+    EXPECT_EQ(dispatcher.GetListenerCount(), 1u);
+    // The listeners go before the dispatcher they leave.
+    frame->DestroyChildren();
+    frame->Destroy();
 }
 
 } // namespace liststest
