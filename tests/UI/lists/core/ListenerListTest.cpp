@@ -1,5 +1,5 @@
 // The listener list behind the event dispatchers: membership, delivery order
-// and copies, and handlers removed or destroyed while other threads post.
+// and handlers removed or destroyed while other threads post.
 #include "lists/ListenerList.h"
 
 #include <gtest/gtest.h>
@@ -97,37 +97,6 @@ TEST(ListenerList, MembershipAndDeliveryOrder)
         EXPECT_EQ(list.Size(), c.size);
         EXPECT_EQ(g_journal, c.journal);
     }
-}
-
-TEST(ListenerList, NullIsNeverListed)
-{
-    UIKit::ListenerList list;
-    list.AddHandler(nullptr);
-    post(list, 1);
-    EXPECT_EQ(list.Size(), 0u);
-    EXPECT_FALSE(list.Contains(nullptr));
-}
-
-// Every handler gets its own copy: changing one on delivery leaves the
-// other's intact.
-TEST(ListenerList, HandlersReceiveIndependentCopies)
-{
-    std::vector<wxString> seen;
-    wxEvtHandler first, second;
-    first.Bind(wxEventTypeTag<wxThreadEvent>(c_eventType), [&](wxThreadEvent& e) {
-        seen.push_back(e.GetString());
-        e.SetString("changed");
-    });
-    second.Bind(wxEventTypeTag<wxThreadEvent>(c_eventType), [&](wxThreadEvent& e) { seen.push_back(e.GetString()); });
-    UIKit::ListenerList list;
-    list.AddHandler(&first);
-    list.AddHandler(&second);
-    wxThreadEvent event(c_eventType);
-    event.SetString("row");
-    list.Post(event);
-    event.SetString("caller's");
-    deliver();
-    EXPECT_EQ(seen, (std::vector<wxString>{"row", "row"}));
 }
 
 // Worker threads post while this thread (the GUI thread here) removes,
