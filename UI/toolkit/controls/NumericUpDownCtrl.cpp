@@ -31,11 +31,16 @@ bool NumericUpDownCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> de
 {
     if (!PanelCtrl::LoadDescriptor(descriptor))
         return false;
+    return findChildren();
+}
+
+bool NumericUpDownCtrl::findChildren()
+{
+    if (m_down && m_up && m_text)
+        return true;
     m_down = dynamic_cast<ButtonCtrl*>(FindWindowByName("Down", this));
     m_up = dynamic_cast<ButtonCtrl*>(FindWindowByName("Up", this));
     m_text = dynamic_cast<EditTextCtrl*>(FindWindowByName("Value", this));
-    if (!m_down || !m_up || !m_text)
-        wxLogError("numeric up-down %d lacks its \"Down\", \"Up\" or \"Value\" child", GetId());
     return m_down && m_up && m_text;
 }
 
@@ -58,6 +63,8 @@ void NumericUpDownCtrl::SetRange(long long minimum, long long maximum)
 
 bool NumericUpDownCtrl::Show(bool show)
 {
+    if (show && !findChildren())
+        wxLogError("numeric up-down %d lacks its \"Down\", \"Up\" or \"Value\" child", GetId());
     UpdateUpDown(false);
     return wxWindow::Show(show);
 }
@@ -128,6 +135,7 @@ void NumericUpDownCtrl::OnEditTextKillFocus(wxCommandEvent& event)
 
 void NumericUpDownCtrl::UpdateUpDown(bool notify)
 {
+    findChildren();
     if (m_value < m_minimum) {
         m_value = m_minimum;
         notify = true;

@@ -19,8 +19,9 @@ public:
 
     NumericUpDownCtrl(wxWindow* parent, int id, const wxRect& bounds);
 
-    // Fails unless the children "Down", "Up" (buttons) and "Value" (an edit
-    // box) exist; the factory builds them before this is called.
+    // True when the children "Down", "Up" (buttons) and "Value" (an edit
+    // box) exist. The factory builds children after loading, so they are
+    // looked up again at every update until found.
     bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor) override;
     void SetValue(long long value);
     // Applied at the next update; the pair is taken as given.
@@ -40,6 +41,7 @@ public:
     unsigned long long GetStep() const { return m_step; }
 
 private:
+    bool findChildren();
     // The text box's number when it holds one.
     bool readText(long long& value) const;
     void showValue();
