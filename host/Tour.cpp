@@ -111,12 +111,13 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
     const wxString dir = wxString::FromUTF8(folder);
     wxFileName::Mkdir(dir, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     std::vector<Step> steps{
-        {"01-dashboard.png", [](DashboardFrame& f) { showUsage(f); }},
-        {"02-connected.png",
+        {"01-dashboard.png", [](DashboardFrame&) {}},
+        {"02-usage.png", [](DashboardFrame& f) { showUsage(f); }},
+        {"03-connected.png",
          [](DashboardFrame& f) {
              click(f, UIKit::ID_CONNECT);
          }},
-        {"03-french.png",
+        {"04-french.png",
          [](DashboardFrame& f) {
              click(f, UIKit::ID_DISCONNECT);
              auto appearance = UIKit::Appearance::Instance();

@@ -45,7 +45,11 @@ MonthPickerCtrl::MonthPickerCtrl(wxWindow* parent, int id, const wxRect& bounds)
 
 bool MonthPickerCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor)
 {
-    return PanelCtrl::LoadDescriptor(descriptor);
+    const bool loaded = PanelCtrl::LoadDescriptor(descriptor);
+    // The label and buttons are built after loading: fill them in from the
+    // event loop, once they exist.
+    CallAfter([this] { UpdatePicker(false); });
+    return loaded;
 }
 
 void MonthPickerCtrl::SetDate(const Toolkit::DateTime& date)

@@ -31,6 +31,8 @@ bool NumericUpDownCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> de
 {
     if (!PanelCtrl::LoadDescriptor(descriptor))
         return false;
+    // Children built after loading get the value from the event loop.
+    CallAfter([this] { UpdateUpDown(false); });
     return findChildren();
 }
 
