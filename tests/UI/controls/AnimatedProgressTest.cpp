@@ -78,18 +78,6 @@ TEST_F(AnimatedProgressTest, AnimationShowsTheFrameOfEachTickAndStopsOnTheLastUn
     }
 }
 
-TEST_F(AnimatedProgressTest, AnimationRunsOnlyWhileShown)
-{
-    AnimatedCtrl* plain = Animation("<FrameDelay>50</FrameDelay>");
-    plain->Show(true);
-    EXPECT_FALSE(plain->IsRunning()) << "not asked to run at startup";
-    AnimatedCtrl* auto_ = Animation("<FrameDelay>50</FrameDelay><RunAtStartup>yes</RunAtStartup>");
-    auto_->Show(true);
-    EXPECT_TRUE(auto_->IsRunning());
-    auto_->Show(false);
-    EXPECT_FALSE(auto_->IsRunning());
-}
-
 TEST_F(AnimatedProgressTest, BadStripsAreReportedAndNeverDivideByZero)
 {
     struct Case {

@@ -225,7 +225,8 @@ TEST_F(PickerUpDownTest, SettingTheSameValueOrRangePostsNothing)
     picker->Show(true);
     EXPECT_EQ(Changes(), 0);
 
-    EXPECT_FALSE(m_loaded = (UpDown(false), m_loaded)) << "an up-down without its text box fails to load";
+    UpDown(false);
+    EXPECT_FALSE(m_loaded) << "an up-down without its text box fails to load";
 }
 
 } // namespace
