@@ -183,6 +183,47 @@ def edit_box(w=200, h=32):
     c.save("edit.png")
 
 
+def signal_strip(bars=4, w=40, h=24):
+    """One frame per signal level, 0 to 4 lit bars, side by side."""
+    c = Canvas(w * (bars + 1), h)
+    for level in range(bars + 1):
+        for b in range(bars):
+            x0 = level * w + 4 + b * 9
+            top = h - 4 - (b + 1) * 4.5
+            lit = b < level
+            c.shape(rounded_rect(x0 + 0.5, top, x0 + 6.5, h - 2.5, 1.5),
+                    (120, 230, 220, 255) if lit else (255, 255, 255, 50))
+    c.save("signal.png")
+
+
+def spinner_strip(frames=8, size=24):
+    """Eight dots on a ring; the bright one moves a step each frame."""
+    c = Canvas(size * frames, size)
+    for f in range(frames):
+        for d in range(frames):
+            angle = 2 * math.pi * d / frames
+            cx = f * size + size / 2 + 8 * math.sin(angle)
+            cy = size / 2 - 8 * math.cos(angle)
+            age = (f - d) % frames
+            c.shape(circle(cx, cy, 2.4), (255, 255, 255, max(40, 255 - age * 36)))
+    c.save("spinner.png")
+
+
+def arrow_button(name, up, size=32):
+    c = Canvas(size, size)
+    c.shape(rounded_rect(0.5, 0.5, size - 0.5, size - 0.5, 7), ACCENT_DARK)
+    m = size / 2
+    tip, base = (m - 5, m + 4) if up else (m + 5, m - 4)
+    if name.startswith("month"):
+        # Months step sideways: the chevron points left or right.
+        c.shape(segment(base, m - 7, tip, m, 1.6), (255, 255, 255, 255))
+        c.shape(segment(tip, m, base, m + 7, 1.6), (255, 255, 255, 255))
+    else:
+        c.shape(segment(m - 7, base, m, tip, 1.6), (255, 255, 255, 255))
+        c.shape(segment(m, tip, m + 7, base, 1.6), (255, 255, 255, 255))
+    c.save(f"{name}.png")
+
+
 def main():
     os.makedirs(OUT, exist_ok=True)
     window_background()
@@ -192,6 +233,12 @@ def main():
     for state in ("normal", "over", "pressed", "disabled", "selected"):
         button(state)
     edit_box()
+    signal_strip()
+    spinner_strip()
+    arrow_button("month_next", False)
+    arrow_button("month_previous", True)
+    arrow_button("spin_up", True)
+    arrow_button("spin_down", False)
 
 
 if __name__ == "__main__":

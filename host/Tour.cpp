@@ -3,6 +3,9 @@
 #include "DashboardFrame.h"
 
 #include "appearance/Appearance.h"
+#include "controls/MonthPickerCtrl.h"
+#include "controls/NumericUpDownCtrl.h"
+#include "controls/ProgressBarCtrl.h"
 #include "factory/ControlIds.h"
 #include "util/Util.h"
 
@@ -78,6 +81,29 @@ private:
     size_t m_next = 0;
 };
 
+template <class C>
+C* find(DashboardFrame& frame, const wchar_t* name)
+{
+    return dynamic_cast<C*>(UIKit::Util::RecursiveFindControl(&frame, name));
+}
+
+// Gives the signal bar, the usage month and the allowance the values a
+// device and the preferences would, so the screenshots show them filled in.
+void showUsage(DashboardFrame& frame)
+{
+    if (auto* signal = find<UIKit::ProgressBarCtrl>(frame, L"Signal"))
+        signal->SetValues(0, 3, 4);
+    if (auto* month = find<UIKit::MonthPickerCtrl>(frame, L"UsageMonth")) {
+        month->SetRange(Toolkit::make_smart<Toolkit::DateTime>(2025, 1, 1), Toolkit::make_smart<Toolkit::DateTime>());
+        month->SetDate(Toolkit::DateTime(2026, 3, 1));
+    }
+    if (auto* allowance = find<UIKit::NumericUpDownCtrl>(frame, L"Allowance")) {
+        allowance->SetRange(0, 1000000);
+        allowance->SetStep(512);
+        allowance->SetValue(2048);
+    }
+}
+
 } // namespace
 
 void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
@@ -86,11 +112,12 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
     wxFileName::Mkdir(dir, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     std::vector<Step> steps{
         {"01-dashboard.png", [](DashboardFrame&) {}},
-        {"02-connected.png",
+        {"02-usage.png", [](DashboardFrame& f) { showUsage(f); }},
+        {"03-connected.png",
          [](DashboardFrame& f) {
              click(f, UIKit::ID_CONNECT);
          }},
-        {"03-french.png",
+        {"04-french.png",
          [](DashboardFrame& f) {
              click(f, UIKit::ID_DISCONNECT);
              auto appearance = UIKit::Appearance::Instance();

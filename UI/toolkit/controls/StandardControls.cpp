@@ -1,8 +1,12 @@
 #include "controls/StandardControls.h"
 
+#include "controls/AnimatedCtrl.h"
 #include "controls/ButtonCtrl.h"
 #include "controls/EditTextCtrl.h"
+#include "controls/MonthPickerCtrl.h"
+#include "controls/NumericUpDownCtrl.h"
 #include "controls/PanelCtrl.h"
+#include "controls/ProgressBarCtrl.h"
 #include "controls/StaticTextCtrl.h"
 #include "descriptors/FrameCtrlDescriptor.h"
 #include "factory/CtrlFactory.h"
@@ -19,6 +23,10 @@ void RegisterStandardControls(CtrlFactory& factory)
     factory.AddGenerator(L"ButtonCtrl", CtrlGenerator<ButtonCtrlDescriptor, ButtonCtrl>::Make());
     factory.AddGenerator(L"StaticTextCtrl", CtrlGenerator<StaticTextCtrlDescriptor, StaticTextCtrl>::Make());
     factory.AddGenerator(L"EditTextCtrl", CtrlGenerator<EditTextCtrlDescriptor, EditTextCtrl>::Make());
+    factory.AddGenerator(L"AnimatedCtrl", CtrlGenerator<AnimatedCtrlDescriptor, AnimatedCtrl>::Make());
+    factory.AddGenerator(L"ProgressBarCtrl", CtrlGenerator<ProgressBarCtrlDescriptor, ProgressBarCtrl>::Make());
+    factory.AddGenerator(L"MonthPickerCtrl", CtrlGenerator<PanelCtrlDescriptor, MonthPickerCtrl>::Make());
+    factory.AddGenerator(L"NumericUpDownCtrl", CtrlGenerator<PanelCtrlDescriptor, NumericUpDownCtrl>::Make());
 }
 
 } // namespace UIKit

@@ -1,6 +1,9 @@
 #include "descriptors/ProgressBarCtrlDescriptor.h"
 
+#include "descriptors/AnimatedCtrlDescriptor.h"
 #include "xml/XMLLoader.h"
+
+#include <utility>
 
 namespace UIKit {
 namespace {
@@ -24,12 +27,17 @@ ProgressBarCtrlDescriptor::ProgressBarCtrlDescriptor(Toolkit::smart_ptr<XMLNode>
     m_frameDelay = loader.ReadInt("FrameDelay", "", -1);
     m_maximum = loader.ReadInt("Maximum", "", 100);
     m_minimum = loader.ReadInt("Minimum", "", 0);
+    if (m_minimum > m_maximum) {
+        loader.Report("", "the minimum is above the maximum; the two are swapped");
+        std::swap(m_minimum, m_maximum);
+    }
     m_backgroundImage = Toolkit::make_smart<ImageDescriptor>("BackgroundImage", node);
     m_progressImage = firstValid(node, "ProgressImage", "ForegroundImage");
 
     const bool animated = m_animationStrip->IsOk();
-    if (animated && GetBounds().width > 0)
-        m_frameCount = m_animationStrip->GetImage().GetWidth() / GetBounds().width;
+    if (animated)
+        m_frameCount = int(AnimatedCtrlDescriptor::CountFrames(loader, m_animationStrip->GetImage().GetWidth(),
+                                                               GetBounds().width));
 
     const auto style = loader.ReadString("Style", "progressStyle");
     if (style == L"block")
