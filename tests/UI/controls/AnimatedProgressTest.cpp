@@ -95,9 +95,9 @@ TEST_F(AnimatedProgressTest, BadStripsAreReportedAndNeverDivideByZero)
         descriptortest::ErrorCapture errors;
         auto descriptor = Describe<AnimatedCtrlDescriptor>(c.xml);
         EXPECT_EQ(descriptor->GetFrameCount(), c.frames) << c.xml;
-        EXPECT_EQ(errors.lines.size(), c.reports) << c.xml;
-        if (!errors.lines.empty()) {
-            EXPECT_EQ(errors.lines[0].rfind("test.xml:1: ", 0), 0u) << errors.lines[0];
+        EXPECT_EQ(errors.Lines().size(), c.reports) << c.xml;
+        if (!errors.Lines().empty()) {
+            EXPECT_EQ(errors.Lines()[0].rfind("test.xml:1: ", 0), 0u) << errors.Lines()[0];
         }
         auto* animation = new AnimatedCtrl(m_frame, wxID_ANY, descriptor->GetBounds());
         Load(animation, descriptor);
