@@ -13,19 +13,32 @@
 
 #include <gtk/gtk.h>
 
+#include "Toolkit/WxLogForwarder.h"
+
 #include <chrono>
 #include <cstdlib>
 #include <thread>
 
 namespace {
 
+// wx's own messages go to the suite's logger, where tests capture them;
+// wx's GUI log target would show them in a modal box that nobody closes.
 class TestApp : public wxApp {
 public:
     bool OnInit() override
     {
         wxInitAllImageHandlers();
+        m_logForwarder.Install();
         return true;
     }
+    int OnExit() override
+    {
+        m_logForwarder.Uninstall();
+        return wxApp::OnExit();
+    }
+
+private:
+    Toolkit::WxLogForwarder m_logForwarder;
 };
 
 // Under load, GTK now and then fails to open the display although the

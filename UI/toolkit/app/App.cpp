@@ -8,7 +8,18 @@ IDashboard* App::m_pDashboard = nullptr;
 bool App::OnInit()
 {
     m_wxApp = this;
+    if (!m_logForwarder) {
+        m_logForwarder = Toolkit::make_smart<Toolkit::WxLogForwarder>();
+        m_logForwarder->Install();
+    }
     return true;
+}
+
+int App::OnExit()
+{
+    if (m_logForwarder)
+        m_logForwarder->Uninstall();
+    return wxApp::OnExit();
 }
 
 } // namespace UIKit

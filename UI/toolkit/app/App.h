@@ -18,7 +18,11 @@ public:
     // The main window; set by whoever creates it.
     static IDashboard* m_pDashboard;
 
+    // Sends wx's own log messages to the suite's logger (unless the owner
+    // set a bridge already): wx's default GUI target would otherwise show
+    // them in a modal box, at the latest when the application exits.
     bool OnInit() override;
+    int OnExit() override;
 
     // The bridge from wx logging into the suite's logger; the owner may set
     // it, and it goes with the application.
