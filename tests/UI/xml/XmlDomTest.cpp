@@ -50,6 +50,21 @@ const std::vector<DocumentCase> kDocuments = {
      R"(Control[name=a]{Control[name=b]Control[name=c]!"</Control> <Control>"{Control[]}Label[]"x")"
      R"(CONTROL[name=d]{control[]}})"},
     {"same name three deep", "<a><a><a>x</a></a><a/></a>", "a[]{a[]{a[]\"x\"}a[]}"},
+    // Contents long enough for the block-wise search of a closing tag, with
+    // tags across block edges, quoted "/" and ">", names of other case and
+    // names that only start like the searched one.
+    {"long contents, two-byte name",
+     "<R><ab p=\"" + std::string(40, 'p') + "\"><AB q=\"a/b>c\" r=\"" + std::string(40, 'r') +
+         "\"/><Ab t=\"1/>2\">x</Ab><aB s=\"/\"><ab/></aB><!-- </ab> " + std::string(40, '.') +
+         " --><abc/></ab><c/></R>",
+     "R[]{ab[p=" + std::string(40, 'p') + "]{AB[q=a/b>c,r=" + std::string(40, 'r') +
+         "]Ab[t=1/>2]\"x\"aB[s=/]{ab[]}abc[]}c[]}"},
+    {"long contents, long and one-byte names",
+     "<R><BackgroundImage m=\"" + std::string(40, 'm') + "\"><backgroundimage/><BACKGROUNDIMAGE n=\"1\">x" +
+         std::string(40, 'x') + "</BACKGROUNDIMAGE></BackgroundImage><b><b x=\"" + std::string(40, 'b') +
+         "\"></b></b><Position><PositionX>t</PositionX>" + std::string(40, ' ') + "</Position></R>",
+     "R[]{BackgroundImage[m=" + std::string(40, 'm') + "]{backgroundimage[]BACKGROUNDIMAGE[n=1]\"x" +
+         std::string(40, 'x') + "\"}b[]{b[x=" + std::string(40, 'b') + "]}Position[]{PositionX[]\"t\"}}"},
 };
 
 // Runs the function on a thread with a small stack.
