@@ -6,6 +6,8 @@
 #include "factory/ControlIds.h"
 #include "factory/CtrlFactory.h"
 #include "app/AppController.h"
+#include "controls/NumericUpDownCtrl.h"
+#include "Preferences/AppPreferences.h"
 #include "util/Util.h"
 
 #include <cstring>
@@ -17,6 +19,14 @@ extern char** environ;
 
 namespace host {
 
+namespace {
+
+const char* const c_strUsageSection = "DataUsage";
+const char* const c_strAllowanceKey = "MonthlyAllowance";
+const wchar_t* const c_strAllowanceControl = L"Allowance";
+
+} // namespace
+
 wxBEGIN_EVENT_TABLE(DashboardFrame, UIKit::IDashboard)
     EVT_BUTTON(UIKit::ID_CONNECT, DashboardFrame::onConnect)
     EVT_BUTTON(UIKit::ID_DISCONNECT, DashboardFrame::onDisconnect)
@@ -25,6 +35,8 @@ wxEND_EVENT_TABLE()
 
 DashboardFrame::DashboardFrame(const wxRect& bounds) : UIKit::IDashboard(bounds)
 {
+    Bind(wxEventTypeTag<wxCommandEvent>(UIKit::NumericUpDownCtrl::EVT_VALUE_CHANGED), &DashboardFrame::onValueChanged,
+         this);
 }
 
 bool DashboardFrame::LoadDashboard()
@@ -36,7 +48,31 @@ bool DashboardFrame::LoadDashboard()
     // means reading it again and rebuilding the children.
     DestroyChildren();
     LoadDescriptor(descriptor);
+    restoreAllowance();
     return true;
+}
+
+void DashboardFrame::restoreAllowance()
+{
+    auto* allowance = dynamic_cast<UIKit::NumericUpDownCtrl*>(FindWindowByName(c_strAllowanceControl, this));
+    auto preferences = Preferences::AppPreferences::Open(c_strUsageSection);
+    TString<wchar_t> text;
+    if (!allowance || !preferences || !preferences->Get(c_strAllowanceKey, text))
+        return;
+    try {
+        allowance->SetValue(std::stoll(text));
+    } catch (const std::exception&) {
+        TK_LOG(Toolkit::LogError) << "the saved monthly allowance is not a number; the pack's value is kept";
+    }
+}
+
+void DashboardFrame::onValueChanged(wxCommandEvent& event)
+{
+    auto* allowance = dynamic_cast<UIKit::NumericUpDownCtrl*>(event.GetEventObject());
+    if (!allowance || allowance->GetName() != c_strAllowanceControl)
+        return;
+    if (auto preferences = Preferences::AppPreferences::Open(c_strUsageSection))
+        preferences->Set(c_strAllowanceKey, TString<wchar_t>(std::to_wstring(allowance->GetValue())));
 }
 
 void DashboardFrame::setStatus(const char* key)

@@ -28,6 +28,10 @@ private:
     void onConnect(wxCommandEvent& event);
     void onDisconnect(wxCommandEvent& event);
     void onClose(wxCloseEvent& event);
+    // The monthly data allowance lives in the preferences: shown when the
+    // dashboard is built (again after a language change), saved when changed.
+    void restoreAllowance();
+    void onValueChanged(wxCommandEvent& event);
     void setStatus(const char* key);
 
     wxDECLARE_EVENT_TABLE();
