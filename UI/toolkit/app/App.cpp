@@ -1,9 +1,10 @@
 #include "app/App.h"
+#include "frames/IDashboard.h"
 
 namespace UIKit {
 
 App* App::m_wxApp = nullptr;
-IDashboard* App::m_pDashboard = nullptr;
+IDashboard*& App::m_pDashboard = IDashboard::s_pCurrent;
 
 bool App::OnInit()
 {

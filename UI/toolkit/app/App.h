@@ -15,8 +15,9 @@ class UIKIT_API App : public wxApp {
 public:
     // The running application, set by OnInit and never cleared.
     static App* m_wxApp;
-    // The main window; set by whoever creates it.
-    static IDashboard* m_pDashboard;
+    // The main window; set by whoever creates it. The same pointer as
+    // IDashboard::s_pCurrent, so that layers below the application see it.
+    static IDashboard*& m_pDashboard;
 
     // Sends wx's own log messages to the suite's logger (unless the owner
     // set a bridge already): wx's default GUI target would otherwise show

@@ -14,6 +14,8 @@ TString<wchar_t> applicationName()
 
 } // namespace
 
+IDashboard* IDashboard::s_pCurrent = nullptr;
+
 IDashboard::IDashboard(const wxRect& bounds)
     : FrameCtrl(nullptr, applicationName(), -1, bounds,
                 wxCAPTION | wxSIMPLE_BORDER | wxCLIP_CHILDREN | wxCLOSE_BOX | wxSYSTEM_MENU | wxMINIMIZE_BOX |

@@ -49,6 +49,11 @@ public:
     // 20 ms) and the closing signal is not; returns whether closing was seen.
     bool WaitAndDispatch();
 
+    // The application's main window, set by whoever creates it; null while
+    // there is none. Lower layers (lists, navigation) reach the dashboard
+    // here; App::m_pDashboard names the same pointer for the host.
+    static IDashboard* s_pCurrent;
+
     Control* GetControlPlaceholder() const { return m_pControlPlaceholder; }
     ScreenCtrl* GetCurrentRunningScreen() const { return m_pCurrentRunningScreen; }
 

@@ -1,7 +1,6 @@
 #include "lists/IDelegate.h"
 
 #include "Toolkit/ILogger.h"
-#include "app/App.h"
 #include "frames/IDashboard.h"
 
 namespace UIKit {
@@ -18,11 +17,11 @@ void IDelegate::doRollback()
 
 void IDelegate::reportPendingChanges()
 {
-    if (!App::m_pDashboard) {
+    if (!IDashboard::s_pCurrent) {
         TK_LOG(Toolkit::LogError) << "delegate: no dashboard to report pending changes to";
         return;
     }
-    App::m_pDashboard->OnPendingChanges(m_pendingKey, m_pendingValue);
+    IDashboard::s_pCurrent->OnPendingChanges(m_pendingKey, m_pendingValue);
 }
 
 } // namespace UIKit
