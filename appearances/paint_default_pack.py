@@ -133,10 +133,9 @@ def window_background(w=380, h=540):
     for i in range(4):
         bh = 8 + i * 6
         c.shape(rounded_rect(20 + i * 9, 44 - bh, 26 + i * 9, 44, 1.5), (120, 230, 230, 255))
-    # Status card area.
-    c.shape(rounded_rect(18, 84, w - 18, 236, 12), (255, 255, 255, 22))
-    c.shape(ring(rounded_rect(19, 85, w - 19, 235, 11), rounded_rect(18, 84, w - 18, 236, 12)),
-            (255, 255, 255, 40))
+    # Navigation bar band under the header.
+    c.shape(lambda x, y: max(body(x, y), abs(y - 92.5) - 20), (255, 255, 255, 10))
+    c.shape(lambda x, y: max(body(x, y), abs(y - 113.5) - 0.5), (255, 255, 255, 30))
     # Outline.
     c.shape(ring(rounded_rect(1, 1, w - 1, h - 1, 17), body), (70, 110, 160, 255))
     c.save("background.png", magenta_outside=True)
@@ -209,6 +208,40 @@ def spinner_strip(frames=8, size=24):
     c.save("spinner.png")
 
 
+def card(size=40):
+    """A translucent card, drawn nine-slice behind a group of controls."""
+    c = Canvas(size, size)
+    outline = rounded_rect(0.5, 0.5, size - 0.5, size - 0.5, 12)
+    c.shape(outline, (255, 255, 255, 22))
+    c.shape(ring(rounded_rect(1.5, 1.5, size - 1.5, size - 1.5, 11), outline), (255, 255, 255, 40))
+    c.save("card.png")
+
+
+def usage_bar(w=40, h=14):
+    """The track and the fill of the data-usage bar, both nine-slice."""
+    track = Canvas(w, h)
+    track.shape(rounded_rect(0.5, 0.5, w - 0.5, h - 0.5, 6), (255, 255, 255, 40))
+    track.save("bar_track.png")
+    fill = Canvas(w, h)
+    fill.shape(rounded_rect(0.5, 0.5, w - 0.5, h - 0.5, 6), vgradient((40, 205, 205, 255), ACCENT_DARK, 0, h))
+    fill.save("bar_fill.png")
+
+
+def plugin_icon(name, size=32):
+    """The icons the two plug-ins describe themselves with."""
+    c = Canvas(size, size)
+    c.shape(rounded_rect(0.5, 0.5, size - 0.5, size - 0.5, 8), ACCENT_DARK)
+    white = (255, 255, 255, 255)
+    if name == "home":
+        for i in range(4):
+            bh = 5 + i * 5
+            c.shape(rounded_rect(6 + i * 6, 26 - bh, 10 + i * 6, 26, 1.2), white)
+    else:
+        c.shape(ring(circle(16, 16, 7), circle(16, 16, 10)), white)
+        c.shape(segment(16, 16, 16, 9, 1.4), white)
+    c.save(f"icon_{name}.png")
+
+
 def arrow_button(name, up, size=32):
     c = Canvas(size, size)
     c.shape(rounded_rect(0.5, 0.5, size - 0.5, size - 0.5, 7), ACCENT_DARK)
@@ -233,6 +266,10 @@ def main():
     for state in ("normal", "over", "pressed", "disabled", "selected"):
         button(state)
     edit_box()
+    card()
+    usage_bar()
+    plugin_icon("home")
+    plugin_icon("usage")
     signal_strip()
     spinner_strip()
     arrow_button("month_next", False)
