@@ -2,13 +2,17 @@
 
 #include "Toolkit/ILogger.h"
 #include "Toolkit/UTF8.h"
-#include "appearance/Appearance.h"
+#include "app/AppController.h"
+#include "controls/Control.h"
+#include "descriptors/ScreenDescriptor.h"
 #include "factory/ControlIds.h"
 #include "factory/CtrlFactory.h"
-#include "app/AppController.h"
-#include "controls/NumericUpDownCtrl.h"
-#include "Preferences/AppPreferences.h"
+#include "navigation/HotkeysManager.h"
+#include "navigation/ScreenCtrl.h"
+#include "navigation/ScreenManager.h"
+#include "navigation/SequenceManager.h"
 #include "util/Util.h"
+#include "xml/ErrorSink.h"
 
 #include <cstring>
 #include <spawn.h>
@@ -19,24 +23,22 @@ extern char** environ;
 
 namespace host {
 
-namespace {
-
-const char* const c_strUsageSection = "DataUsage";
-const char* const c_strAllowanceKey = "MonthlyAllowance";
-const wchar_t* const c_strAllowanceControl = L"Allowance";
-
-} // namespace
-
 wxBEGIN_EVENT_TABLE(DashboardFrame, UIKit::IDashboard)
-    EVT_BUTTON(UIKit::ID_CONNECT, DashboardFrame::onConnect)
-    EVT_BUTTON(UIKit::ID_DISCONNECT, DashboardFrame::onDisconnect)
     EVT_CLOSE(DashboardFrame::onClose)
 wxEND_EVENT_TABLE()
 
 DashboardFrame::DashboardFrame(const wxRect& bounds) : UIKit::IDashboard(bounds)
 {
-    Bind(wxEventTypeTag<wxCommandEvent>(UIKit::NumericUpDownCtrl::EVT_VALUE_CHANGED), &DashboardFrame::onValueChanged,
-         this);
+    // Bound handlers run before the frame's event table, which closes and
+    // minimises.
+    Bind(wxEVT_BUTTON, &DashboardFrame::onButton, this);
+    Bind(wxEVT_CHAR_HOOK, &DashboardFrame::onCharHook, this);
+}
+
+DashboardFrame::~DashboardFrame()
+{
+    if (UIKit::IDashboard::s_pCurrent == this)
+        UIKit::IDashboard::s_pCurrent = nullptr;
 }
 
 bool DashboardFrame::LoadDashboard()
@@ -44,56 +46,78 @@ bool DashboardFrame::LoadDashboard()
     auto descriptor = UIKit::CtrlFactory::Instance()->CreateDescriptorFromPack(L"dashboard");
     if (!descriptor)
         return false;
-    // Labels are resolved when a description is read, so a new language
-    // means reading it again and rebuilding the children.
-    DestroyChildren();
     LoadDescriptor(descriptor);
-    restoreAllowance();
+    m_pControlPlaceholder = UIKit::Util::FindControl(this, UIKit::ID_CTRLPLACEHOLDER);
+    if (!m_pControlPlaceholder)
+        UIKit::ErrorSink::Report("dashboard.xml", 0, "no control with the id ID_CTRLPLACEHOLDER: no screen can be shown");
     return true;
 }
 
-void DashboardFrame::restoreAllowance()
+bool DashboardFrame::ShowScreen(const TString<wchar_t>& name, UIKit::Animation animation, int, int)
 {
-    auto* allowance = dynamic_cast<UIKit::NumericUpDownCtrl*>(FindWindowByName(c_strAllowanceControl, this));
-    auto preferences = Preferences::AppPreferences::Open(c_strUsageSection);
-    TString<wchar_t> text;
-    if (!allowance || !preferences || !preferences->Get(c_strAllowanceKey, text))
-        return;
-    try {
-        allowance->SetValue(std::stoll(text));
-    } catch (const std::exception&) {
-        TK_LOG(Toolkit::LogError) << "the saved monthly allowance is not a number; the pack's value is kept";
+    auto screens = UIKit::Singleton<UIKit::ScreenManager>::Instance();
+    UIKit::ScreenCtrl* next = screens ? screens->Get(name) : nullptr;
+    if (!next) {
+        TK_LOG(Toolkit::LogError) << "no screen named " << name << " can be built";
+        return false;
     }
+    UIKit::ScreenCtrl* previous = m_pCurrentRunningScreen;
+    if (previous && previous != next)
+        previous->ScreenSlideLeave();
+    m_pCurrentRunningScreen = next;
+    swapScreens(previous, next, animation);
+    next->ScreenSlideEnter();
+    selectNavigation(*next);
+    return true;
 }
 
-void DashboardFrame::onValueChanged(wxCommandEvent& event)
+void DashboardFrame::swapScreens(UIKit::ScreenCtrl* previous, UIKit::ScreenCtrl* next, UIKit::Animation animation)
 {
-    auto* allowance = dynamic_cast<UIKit::NumericUpDownCtrl*>(event.GetEventObject());
-    if (!allowance || allowance->GetName() != c_strAllowanceControl)
-        return;
-    if (auto preferences = Preferences::AppPreferences::Open(c_strUsageSection))
-        preferences->Set(c_strAllowanceKey, TString<wchar_t>(std::to_wstring(allowance->GetValue())));
+    const wxPoint origin = next->GetPosition();
+    if (previous && previous != next && animation != UIKit::AnimationNone) {
+        next->Show(true);
+        UIKit::Util::AnimatedSlide(previous, next, origin, next->GetSize(),
+                                   static_cast<UIKit::Util::MotionType>(animation));
+        previous->Move(origin);
+    }
+    if (previous && previous != next)
+        previous->Show(false);
+    next->Move(origin);
+    next->Show(true);
+    next->SetFocus();
 }
 
-void DashboardFrame::setStatus(const char* key)
+// The screen's group names the navigation button to select; the others
+// are released.
+void DashboardFrame::selectNavigation(const UIKit::ScreenCtrl& screen)
 {
-    auto appearance = UIKit::Appearance::Instance();
-    if (appearance)
-        UIKit::Util::SetWindowLabel(this, TString<wchar_t>(L"Status"), appearance->GetStr(TString<char>(key)));
+    auto* descriptor = dynamic_cast<const UIKit::ScreenDescriptor*>(screen.GetDescriptor().get());
+    const TString<wchar_t> group = descriptor ? descriptor->GetGroup() : TString<wchar_t>();
+    for (wxWindow* child : GetChildren()) {
+        auto* control = dynamic_cast<UIKit::Control*>(child);
+        const bool selected = !group.empty() && child->GetName() == wxString(group);
+        if (control && control != m_pControlPlaceholder && control->IsSelected() != selected)
+            control->Select(selected);
+    }
+    if (descriptor)
+        SetScreenTitle(descriptor->GetTitleLabel());
 }
 
-void DashboardFrame::onConnect(wxCommandEvent&)
+void DashboardFrame::onButton(wxCommandEvent& event)
 {
-    setStatus("LB_STATUS_CONNECTED");
-    UIKit::Util::EnableWindow(this, UIKit::ID_CONNECT, false);
-    UIKit::Util::EnableWindow(this, UIKit::ID_DISCONNECT, true);
+    auto sequences = UIKit::Singleton<UIKit::SequenceManager>::Instance();
+    if (!sequences || !sequences->DoEvent(event.GetId()))
+        event.Skip();
 }
 
-void DashboardFrame::onDisconnect(wxCommandEvent&)
+void DashboardFrame::onCharHook(wxKeyEvent& event)
 {
-    setStatus("LB_STATUS_NO_DEVICE");
-    UIKit::Util::EnableWindow(this, UIKit::ID_DISCONNECT, false);
-    UIKit::Util::EnableWindow(this, UIKit::ID_CONNECT, true);
+    const int code = event.GetKeyCode() + (event.ControlDown() ? WXK_CONTROL : 0) +
+                     (event.ShiftDown() ? WXK_SHIFT : 0);
+    auto hotkeys = UIKit::Singleton<UIKit::HotkeysManager>::Instance();
+    TString<wchar_t> name;
+    if (!hotkeys || !hotkeys->Find(code, name))
+        event.Skip();
 }
 
 void DashboardFrame::onClose(wxCloseEvent& event)
@@ -107,12 +131,6 @@ void DashboardFrame::onClose(wxCloseEvent& event)
         controller->DispatchAppStopping();
     m_closingEvent->Set();
     event.Skip();
-}
-
-bool DashboardFrame::ShowScreen(const TString<wchar_t>& name, UIKit::Animation, int, int)
-{
-    TK_LOG(Toolkit::LogInfo) << "no screen named " << name << " in this dashboard yet";
-    return false;
 }
 
 void DashboardFrame::OnPendingChanges(const TString<wchar_t>&, int32_t) {}
@@ -169,9 +187,13 @@ bool DashboardFrame::RunCommand(const std::vector<TString<wchar_t>>& argv)
 
 void DashboardFrame::OnCultureChanged()
 {
-    LoadDashboard();
+    m_relabel.Apply(this, UIKit::CtrlFactory::Instance()->CreateDescriptorFromPack(L"dashboard"));
+    if (m_pControlPlaceholder)
+        m_relabel.ApplyToScreens(m_pControlPlaceholder);
     Refresh(true);
 }
+
+// Screens are shown and hidden by the states; nothing to prepare here.
 void DashboardFrame::OnBeforeTransition() {}
 void DashboardFrame::OnDeviceStateChanged() {}
 

@@ -1,18 +1,14 @@
 #include "HostApp.h"
 
 #include "DashboardFrame.h"
+#include "Session.h"
 #include "Tour.h"
 
 #include "Toolkit/ILogger.h"
 #include "Toolkit/LibModuleManager.h"
 #include "Toolkit/PathManager.h"
-#include "appearance/Appearance.h"
-#include "controls/StandardControls.h"
-#include "factory/CtrlFactory.h"
 #include "app/SingleApplicationInstance.h"
 #include "xml/ErrorSink.h"
-
-#include <wx/filename.h>
 
 #include <clocale>
 #include <cstdio>
@@ -30,15 +26,21 @@ bool HostApp::OnInit()
         return false;
     Toolkit::ILogger::Instance().SetMinimumSeverity(m_options.verbose ? Toolkit::LogInfo : Toolkit::LogError);
     wxInitAllImageHandlers();
-    if (!startLibrary())
-        return false;
+    startLibrary();
     routeErrors();
     if (!takeSingleInstance())
         return m_finishedAtStart;
-    if (!loadAppearance())
+    if (!LoadAppearance(m_options))
         return false;
-    registerControls();
-    return createDashboard();
+    RegisterControls();
+    m_dashboard = CreateDashboard();
+    if (!m_dashboard)
+        return false;
+    SetTopWindow(m_dashboard);
+    StartNavigation();
+    if (!m_options.tourDir.empty())
+        Tour::Start(*m_dashboard, m_options.tourDir);
+    return true;
 }
 
 int HostApp::OnRun()
@@ -56,18 +58,14 @@ void HostApp::routeErrors()
         UIKit::ErrorSink::Install([](const UIKit::PackError&) {});
 }
 
-bool HostApp::startLibrary()
+void HostApp::startLibrary()
 {
     auto& paths = Toolkit::PathManager::Instance();
     paths.SetApplicationName("connection-manager");
-    if (!m_options.appearancesDir.empty())
-        paths.SetAppearancesDir(m_options.appearancesDir);
-    else if (paths.GetAppearancesDir().empty())
-        paths.SetAppearancesDir(UIKIT_DEFAULT_APPEARANCES_DIR);
     Toolkit::ILogger::Instance().AddFileSink(paths.GetStateDir() + "/connection-manager.log");
     (*Toolkit::LibModuleManager::s_pInstance)->InitializeAll();
     m_moduleStarted = true;
-    return true;
+    SetPaths(m_options);
 }
 
 bool HostApp::takeSingleInstance()
@@ -98,58 +96,12 @@ bool HostApp::takeSingleInstance()
     return false;
 }
 
-bool HostApp::loadAppearance()
-{
-    UIKit::Appearance::CmdLine_OptionAppearance = m_options.appearance;
-    UIKit::Appearance::CmdLine_OptionCulture = m_options.culture;
-    auto appearance = UIKit::Appearance::Instance();
-    if (!appearance->Init()) {
-        std::fprintf(stderr, "connection-manager: no usable appearance pack under %s (see the log)\n",
-                     Toolkit::PathManager::Instance().GetAppearancesDir().c_str());
-        return false;
-    }
-    // An unknown name falls back to another pack: say which one is shown.
-    wxString path(appearance->GetPackPath());
-    while (path.EndsWith("/"))
-        path.RemoveLast();
-    const wxFileName used(path);
-    if (!m_options.appearance.empty() && used.GetName() != wxString(m_options.appearance)) {
-        std::fprintf(stderr, "connection-manager: no appearance pack named \"%s\"; using \"%s\" instead\n",
-                     wxString(m_options.appearance).utf8_str().data(), used.GetName().utf8_str().data());
-    }
-    return true;
-}
-
-void HostApp::registerControls()
-{
-    using namespace UIKit;
-    auto factory = CtrlFactory::Instance();
-    RegisterStandardControls(*factory);
-    // Documents and controls the factory builds read the appearance's pack.
-    factory->SetResources(Appearance::Instance().get());
-}
-
-bool HostApp::createDashboard()
-{
-    m_dashboard = new DashboardFrame(wxRect());
-    App::m_pDashboard = m_dashboard;
-    if (!m_dashboard->LoadDashboard()) {
-        std::fprintf(stderr, "connection-manager: the pack has no usable dashboard description (see the log)\n");
-        m_dashboard->Destroy();
-        m_dashboard = nullptr;
-        App::m_pDashboard = nullptr;
-        return false;
-    }
-    m_dashboard->Show(true);
-    SetTopWindow(m_dashboard);
-    if (!m_options.tourDir.empty())
-        Tour::Start(*m_dashboard, m_options.tourDir);
-    return true;
-}
-
+// Plug-in code must not run once its library is gone: the plug-ins are
+// deactivated and their screens destroyed before module release unloads
+// the libraries.
 int HostApp::OnExit()
 {
-    App::m_pDashboard = nullptr;
+    StopNavigation(m_dashboard);
     if (m_moduleStarted)
         (*Toolkit::LibModuleManager::s_pInstance)->ReleaseAll();
     return UIKit::App::OnExit();

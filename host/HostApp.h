@@ -1,10 +1,10 @@
 #pragma once
 // The connection manager application: brings up the library, the
-// appearance and the main window.
+// appearance, the main window and the plug-ins, and takes them down again.
 #include "Options.h"
 #include "app/App.h"
 
-class wxTimer;
+#include <wx/weakref.h>
 
 namespace host {
 
@@ -17,15 +17,13 @@ public:
     int OnExit() override;
 
 private:
-    bool startLibrary();
+    void startLibrary();
     void routeErrors();
     bool takeSingleInstance();
-    bool loadAppearance();
-    void registerControls();
-    bool createDashboard();
 
     Options m_options;
-    DashboardFrame* m_dashboard = nullptr;
+    // Cleared by wx when the window is destroyed (closing it does).
+    wxWeakRef<DashboardFrame> m_dashboard;
     bool m_moduleStarted = false;
     // Set when this start has done all it was asked without a window (a
     // second start that brought the first one forward): no main loop, and

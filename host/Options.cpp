@@ -11,6 +11,8 @@ bool Options::Parse(int argc, wchar_t** argv)
         {wxCMD_LINE_OPTION, "a", "appearance", "appearance pack to use (name without .ar)", wxCMD_LINE_VAL_STRING, 0},
         {wxCMD_LINE_OPTION, "c", "culture", "language to show (en, fr, ...)", wxCMD_LINE_VAL_STRING, 0},
         {wxCMD_LINE_OPTION, "d", "appearances-dir", "folder holding the appearance packs", wxCMD_LINE_VAL_STRING, 0},
+        {wxCMD_LINE_OPTION, "p", "plugins-dir", "folder holding the plug-in libraries", wxCMD_LINE_VAL_STRING, 0},
+        {wxCMD_LINE_OPTION, "b", "bundle-file", "file naming the bundle and its plug-ins", wxCMD_LINE_VAL_STRING, 0},
         {wxCMD_LINE_OPTION, "", "tour", "show each screen, save screenshots in this folder, then exit",
          wxCMD_LINE_VAL_STRING, 0},
         {wxCMD_LINE_SWITCH, "v", "verbose", "log informational messages too", wxCMD_LINE_VAL_NONE, 0},
@@ -26,6 +28,10 @@ bool Options::Parse(int argc, wchar_t** argv)
         culture = value.ToStdWstring();
     if (parser.Found("appearances-dir", &value))
         appearancesDir = value.utf8_string();
+    if (parser.Found("plugins-dir", &value))
+        pluginsDir = value.utf8_string();
+    if (parser.Found("bundle-file", &value))
+        bundleFile = value.ToStdWstring();
     if (parser.Found("tour", &value))
         tourDir = value.utf8_string();
     verbose = parser.Found("verbose");

@@ -10,6 +10,8 @@ struct Options {
     TString<wchar_t> appearance;     // pack name, without ".ar"
     TString<wchar_t> culture;        // e.g. "fr"
     TString<char> appearancesDir;    // where the packs are
+    TString<char> pluginsDir;        // where the plug-in libraries are
+    TString<wchar_t> bundleFile;     // the bundle file naming the plug-ins
     TString<char> tourDir;           // take screenshots there and exit
     bool verbose = false;
 

@@ -1,6 +1,7 @@
 #include "Tour.h"
 
 #include "DashboardFrame.h"
+#include "UserInput.h"
 
 #include "appearance/Appearance.h"
 #include "controls/MonthPickerCtrl.h"
@@ -38,14 +39,6 @@ bool screenshot(const wxString& path)
     const bool saved = gdk_pixbuf_save(pixels, path.utf8_str(), "png", nullptr, nullptr);
     g_object_unref(pixels);
     return saved;
-}
-
-void click(DashboardFrame& frame, int id)
-{
-    wxCommandEvent event(wxEVT_COMMAND_BUTTON_CLICKED, id);
-    if (wxWindow* button = wxWindow::FindWindowById(id, &frame))
-        event.SetEventObject(button);
-    frame.GetEventHandler()->ProcessEvent(event);
 }
 
 // Runs one step per timer tick so each screenshot shows a settled window.
@@ -87,21 +80,24 @@ C* find(DashboardFrame& frame, const wchar_t* name)
     return dynamic_cast<C*>(UIKit::Util::RecursiveFindControl(&frame, name));
 }
 
-// Gives the signal bar, the usage month and the allowance the values a
-// device and the preferences would, so the screenshots show them filled in.
+// Gives the usage screen the values a device and a month of use would, so
+// the screenshot shows them filled in.
 void showUsage(DashboardFrame& frame)
 {
-    if (auto* signal = find<UIKit::ProgressBarCtrl>(frame, L"Signal"))
-        signal->SetValues(0, 3, 4);
     if (auto* month = find<UIKit::MonthPickerCtrl>(frame, L"UsageMonth")) {
         month->SetRange(Toolkit::make_smart<Toolkit::DateTime>(2025, 1, 1), Toolkit::make_smart<Toolkit::DateTime>());
         month->SetDate(Toolkit::DateTime(2026, 3, 1));
     }
-    if (auto* allowance = find<UIKit::NumericUpDownCtrl>(frame, L"Allowance")) {
-        allowance->SetRange(0, 1000000);
-        allowance->SetStep(512);
+    if (auto* allowance = find<UIKit::NumericUpDownCtrl>(frame, L"Allowance"))
         allowance->SetValue(2048);
-    }
+    if (auto* used = find<UIKit::ProgressBarCtrl>(frame, L"Used"))
+        used->SetValues(0, 1370, 2048);
+}
+
+void showSignal(DashboardFrame& frame)
+{
+    if (auto* signal = find<UIKit::ProgressBarCtrl>(frame, L"Signal"))
+        signal->SetValues(0, 3, 4);
 }
 
 } // namespace
@@ -110,21 +106,30 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
 {
     const wxString dir = wxString::FromUTF8(folder);
     wxFileName::Mkdir(dir, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    // Every screen is reached by the events its buttons and keys send, as a
+    // user would reach it.
     std::vector<Step> steps{
-        {"01-dashboard.png", [](DashboardFrame&) {}},
-        {"02-usage.png", [](DashboardFrame& f) { showUsage(f); }},
-        {"03-connected.png",
+        {"01-home.png", [](DashboardFrame& f) { showSignal(f); }},
+        {"02-usage.png",
          [](DashboardFrame& f) {
-             click(f, UIKit::ID_CONNECT);
+             Click(f, UIKit::ID_MAP);
+             showUsage(f);
          }},
-        {"04-french.png",
+        {"03-about.png", [](DashboardFrame& f) { Click(f, UIKit::ID_HELP); }},
+        {"04-connected.png",
          [](DashboardFrame& f) {
-             click(f, UIKit::ID_DISCONNECT);
+             Click(f, UIKit::ID_BACK);
+             Click(f, UIKit::ID_CONNECT);
+         }},
+        {"05-french.png",
+         [](DashboardFrame& f) {
+             Click(f, UIKit::ID_DISCONNECT);
              auto appearance = UIKit::Appearance::Instance();
              if (auto french = appearance->FindCultureByName(L"fr"))
                  appearance->UseCulture(french);
              f.OnCultureChanged();
          }},
+        {"06-hotkey-usage.png", [](DashboardFrame& f) { PressKey(f, WXK_F3); }},
     };
     std::printf("Tour: taking %zu screenshots into %s\n", steps.size(), folder.c_str());
     // The timer lives as long as the window it drives: it goes with it.

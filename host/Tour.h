@@ -1,6 +1,7 @@
 #pragma once
-// Demonstration without a person: clicks through the dashboard, saves a
-// screenshot of the whole screen after each step, and closes the window.
+// Demonstration without a person: moves from screen to screen by clicking
+// and pressing keys, saves a screenshot of the whole screen after each step,
+// and closes the window.
 #include "Toolkit/TString.h"
 
 namespace host {

@@ -1,0 +1,35 @@
+#pragma once
+// A change of language without rebuilding windows. Labels are resolved when
+// a description is read, so the descriptions are read again in the new
+// language and each labelled control takes the label of its namesake. A
+// label that code has changed since (a status, a month name) is left for
+// that code to set again: only controls still showing the label they were
+// last given by a description change.
+#include "Toolkit/TString.h"
+#include "Toolkit/smart_ptr.h"
+#include "descriptors/BaseCtrlDescriptor.h"
+
+#include <map>
+#include <vector>
+
+class wxWindow;
+
+namespace host {
+
+class CultureRelabel {
+public:
+    // The controls below `root` against the freshly read description of
+    // `root` itself.
+    void Apply(wxWindow* root, const Toolkit::smart_ptr<UIKit::BaseCtrlDescriptor>& fresh);
+    // Every screen in the placeholder against its template read again from
+    // the item files.
+    void ApplyToScreens(wxWindow* placeholder, const std::vector<TString<wchar_t>>& itemFiles);
+
+private:
+    // The label a control was last given by a description.
+    TString<wchar_t> givenLabel(const wxWindow* window) const;
+
+    std::map<const wxWindow*, TString<wchar_t>> m_given;
+};
+
+} // namespace host

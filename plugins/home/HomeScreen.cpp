@@ -1,0 +1,29 @@
+#include "HomeScreen.h"
+
+#include "appearance/Appearance.h"
+#include "factory/ControlIds.h"
+#include "util/Util.h"
+
+namespace homeplugin {
+
+HomeScreen::HomeScreen(wxWindow* parent, int id, const wxRect& bounds) : ScreenCtrl(parent, id, bounds, false) {}
+
+void HomeScreen::DoEvent(int id)
+{
+    if (id == UIKit::ID_CONNECT || id == UIKit::ID_DISCONNECT)
+        SetConnected(id == UIKit::ID_CONNECT);
+    else
+        ScreenCtrl::DoEvent(id);
+}
+
+void HomeScreen::SetConnected(bool connected)
+{
+    m_connected = connected;
+    if (auto appearance = UIKit::Appearance::Instance())
+        UIKit::Util::SetWindowLabel(this, TString<wchar_t>(L"Status"),
+                                    appearance->GetStr(connected ? "LB_STATUS_CONNECTED" : "LB_STATUS_NO_DEVICE"));
+    UIKit::Util::EnableWindow(this, UIKit::ID_CONNECT, !connected);
+    UIKit::Util::EnableWindow(this, UIKit::ID_DISCONNECT, connected);
+}
+
+} // namespace homeplugin

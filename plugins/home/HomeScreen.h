@@ -1,0 +1,20 @@
+#pragma once
+// The connection screen: status, PIN box, Connect and Disconnect. The two
+// buttons are handled here; every other button navigates.
+#include "navigation/ScreenCtrl.h"
+
+namespace homeplugin {
+
+class HomeScreen : public UIKit::ScreenCtrl {
+public:
+    HomeScreen(wxWindow* parent, int id, const wxRect& bounds);
+
+    void DoEvent(int id) override;
+    void SetConnected(bool connected);
+    bool IsConnected() const { return m_connected; }
+
+private:
+    bool m_connected = false;
+};
+
+} // namespace homeplugin

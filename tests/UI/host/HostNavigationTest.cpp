@@ -1,0 +1,127 @@
+// The connection manager as it starts: the default pack, the plug-ins the
+// build made, the bundle file naming them. Buttons and hot keys move it from
+// screen to screen through the pack's event rows, and the usage screen keeps
+// the monthly allowance in the preferences.
+#include "DashboardFrame.h"
+#include "ErrorCapture.h"
+#include "Options.h"
+#include "Session.h"
+#include "TestSupport.h"
+#include "UserInput.h"
+
+#include "Preferences/AppPreferences.h"
+#include "Toolkit/LibModuleManager.h"
+#include "controls/NumericUpDownCtrl.h"
+#include "factory/ControlIds.h"
+#include "navigation/ScreenCtrl.h"
+#include "navigation/SequenceManager.h"
+#include "util/Util.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdlib>
+
+namespace {
+
+class HostNavigationTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        setenv("UIKIT_CONFIG_DIR", m_home.Str().c_str(), 1);
+        setenv("UIKIT_STATE_DIR", m_home.Str().c_str(), 1);
+        std::setlocale(LC_ALL, "C");
+        (*Toolkit::LibModuleManager::s_pInstance)->InitializeAll();
+        host::Options options;
+        options.culture = L"en";
+        host::SetPaths(options);
+        ASSERT_TRUE(host::LoadAppearance(options));
+        host::RegisterControls();
+        m_dashboard = host::CreateDashboard();
+        ASSERT_NE(m_dashboard, nullptr);
+    }
+    void TearDown() override
+    {
+        host::StopNavigation(m_dashboard);
+        (*Toolkit::LibModuleManager::s_pInstance)->ReleaseAll();
+        unsetenv("UIKIT_CONFIG_DIR");
+        unsetenv("UIKIT_STATE_DIR");
+    }
+
+    // The class of the screen on show, empty when none is.
+    TString<wchar_t> screen() const
+    {
+        auto* shown = m_dashboard->GetCurrentRunningScreen();
+        return shown && shown->IsShown() ? shown->GetDescriptor()->GetClass() : TString<wchar_t>();
+    }
+    bool selected(const wchar_t* navButton) const
+    {
+        auto* button = UIKit::Util::RecursiveFindControl(m_dashboard, navButton);
+        return button && button->IsSelected();
+    }
+
+    testsupport::TempDir m_home;
+    host::DashboardFrame* m_dashboard = nullptr;
+};
+
+TEST_F(HostNavigationTest, ButtonsAndHotKeysMoveThroughThePacksEventRows)
+{
+    testsupport::ErrorCapture errors;
+    host::StartNavigation();
+    EXPECT_TRUE(errors.Lines().empty()) << errors.Lines().front();
+    EXPECT_EQ(screen(), L"HomeScreen") << "the home row fires at start";
+    UIKit::ScreenCtrl* home = m_dashboard->GetCurrentRunningScreen();
+
+    struct Step {
+        const char* what;
+        int id;           // a button to click, or 0
+        int key;          // a key to press, or 0
+        const wchar_t* screen;
+        const wchar_t* navButton;
+    } steps[] = {
+        {"Usage button (a global row)", UIKit::ID_MAP, 0, L"UsageScreen", L"NavUsage"},
+        {"Home button", UIKit::ID_HOME, 0, L"HomeScreen", L"NavHome"},
+        {"About button", UIKit::ID_HELP, 0, L"AboutScreen", L"NavAbout"},
+        {"Back on the about screen (a row of its own sequence)", UIKit::ID_BACK, 0, L"HomeScreen", L"NavHome"},
+        {"the usage plug-in's hot key", 0, WXK_F3, L"UsageScreen", L"NavUsage"},
+        {"the home plug-in's hot key", 0, WXK_F2, L"HomeScreen", L"NavHome"},
+    };
+    for (const auto& step : steps) {
+        if (step.id)
+            EXPECT_TRUE(host::Click(*m_dashboard, step.id)) << step.what;
+        else
+            host::PressKey(*m_dashboard, step.key);
+        EXPECT_EQ(screen(), step.screen) << step.what;
+        EXPECT_TRUE(selected(step.navButton)) << step.what;
+    }
+    EXPECT_EQ(m_dashboard->GetCurrentRunningScreen(), home) << "a screen is built once and shown again";
+    int shown = 0;
+    for (wxWindow* child : m_dashboard->GetControlPlaceholder()->GetChildren())
+        shown += child->IsShown();
+    EXPECT_EQ(shown, 1) << "the screens left are hidden";
+
+    TString<wchar_t> status;
+    UIKit::Util::GetWindowLabel(home, TString<wchar_t>(L"Status"), status);
+    EXPECT_EQ(status, L"Connected to the mobile network") << "the home hot key toggles the connection";
+    EXPECT_FALSE(UIKit::Util::FindControl(home, UIKit::ID_CONNECT)->IsEnabled());
+}
+
+TEST_F(HostNavigationTest, UsageScreenKeepsTheAllowanceInThePreferences)
+{
+    Preferences::AppPreferences::Open("DataUsage")->Set("MonthlyAllowance", TString<wchar_t>(L"4096"));
+    host::StartNavigation();
+    ASSERT_TRUE(host::Click(*m_dashboard, UIKit::ID_MAP));
+    auto* allowance = dynamic_cast<UIKit::NumericUpDownCtrl*>(
+        UIKit::Util::RecursiveFindControl(m_dashboard->GetCurrentRunningScreen(), L"Allowance"));
+    ASSERT_NE(allowance, nullptr);
+    EXPECT_EQ(allowance->GetValue(), 4096);
+
+    allowance->SetValue(1536);
+    TString<wchar_t> saved;
+    EXPECT_TRUE(testsupport::ProcessEventsUntil([&] {
+        Preferences::AppPreferences::Open("DataUsage")->Get("MonthlyAllowance", saved);
+        return saved == L"1536";
+    })) << "saved: " << saved;
+}
+
+} // namespace
