@@ -11,6 +11,7 @@
 #include "navigation/ScreenCtrl.h"
 #include "navigation/ScreenManager.h"
 #include "navigation/SequenceManager.h"
+#include "plugins/PluginManager.h"
 #include "util/Util.h"
 #include "xml/ErrorSink.h"
 
@@ -188,8 +189,11 @@ bool DashboardFrame::RunCommand(const std::vector<TString<wchar_t>>& argv)
 void DashboardFrame::OnCultureChanged()
 {
     m_relabel.Apply(this, UIKit::CtrlFactory::Instance()->CreateDescriptorFromPack(L"dashboard"));
-    if (m_pControlPlaceholder)
-        m_relabel.ApplyToScreens(m_pControlPlaceholder);
+    std::vector<TString<wchar_t>> itemFiles;
+    if (auto plugins = UIKit::Singleton<UIKit::PluginManager>::Instance())
+        for (const auto& [key, plugin] : plugins->GetPlugins())
+            itemFiles.push_back(plugin->GetItemFile());
+    m_relabel.ApplyToScreens(m_pControlPlaceholder, itemFiles);
     Refresh(true);
 }
 

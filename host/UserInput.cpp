@@ -2,6 +2,8 @@
 
 #include "DashboardFrame.h"
 
+#include "controls/Control.h"
+#include "navigation/ScreenCtrl.h"
 #include "util/Util.h"
 
 namespace host {

@@ -8,12 +8,12 @@ namespace homeplugin {
 
 HomeScreen::HomeScreen(wxWindow* parent, int id, const wxRect& bounds) : ScreenCtrl(parent, id, bounds, false) {}
 
-void HomeScreen::DoEvent(int id)
+bool HomeScreen::DoEvent(int id)
 {
-    if (id == UIKit::ID_CONNECT || id == UIKit::ID_DISCONNECT)
-        SetConnected(id == UIKit::ID_CONNECT);
-    else
-        ScreenCtrl::DoEvent(id);
+    if (id != UIKit::ID_CONNECT && id != UIKit::ID_DISCONNECT)
+        return ScreenCtrl::DoEvent(id);
+    SetConnected(id == UIKit::ID_CONNECT);
+    return true;
 }
 
 void HomeScreen::SetConnected(bool connected)

@@ -9,7 +9,7 @@ class HomeScreen : public UIKit::ScreenCtrl {
 public:
     HomeScreen(wxWindow* parent, int id, const wxRect& bounds);
 
-    void DoEvent(int id) override;
+    bool DoEvent(int id) override;
     void SetConnected(bool connected);
     bool IsConnected() const { return m_connected; }
 

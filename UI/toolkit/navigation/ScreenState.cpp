@@ -7,10 +7,8 @@ namespace UIKit {
 
 ScreenState::ScreenState(const TString<wchar_t>& sequence, const TString<wchar_t>& state,
                          const TString<wchar_t>& screen, Animation animation)
-    : m_screen(screen), m_animation(animation)
+    : IState(sequence, state), m_screen(screen), m_animation(animation)
 {
-    m_sequenceName = sequence;
-    m_stateName = state;
 }
 
 bool ScreenState::Activate(bool visible, Toolkit::smart_ptr<IStateParameter> parameter)
