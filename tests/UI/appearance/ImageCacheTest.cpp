@@ -95,12 +95,9 @@ TEST_F(AppearanceTest, MissingImagesAreBlackLookedForAgainAndTheCacheOutlivesThe
 TEST(ImageCtrlCacheTest, SharedExactlyWhenImageSizeAndMarginsAgree)
 {
     TString<wchar_t> key;
-    const unsigned int four[4] = {4, 4, 4, 4};
-    UIKit::Appearance::ImageCtrlKey(L"button.png", wxSize(120, 32), four, key);
-    EXPECT_EQ(key, L"button.png[120x32,4.4.4.4]");
-    const unsigned int mixed[4] = {1, 22, 333, 0};
-    UIKit::ImageCtrlCache::Key(L"b", wxSize(-1, 7), mixed, key);
-    EXPECT_EQ(key, L"b[-1x7,1.22.333.0]");
+    const unsigned int margins[4] = {1, 22, 333, 0};
+    UIKit::Appearance::ImageCtrlKey(L"b.png", wxSize(-1, 7), margins, key);
+    EXPECT_EQ(key, L"b.png[-1x7,1.22.333.0]");
 
     UIKit::ImageCache images;
     UIKit::ImageCtrlCache ctrls;

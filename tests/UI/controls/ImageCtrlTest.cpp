@@ -56,12 +56,6 @@ std::string firstDifference(const wxImage& a, const wxImage& b)
     return "";
 }
 
-// Which band (0 leading margin, 1 middle, 2 trailing margin) a position is in.
-int band(int pos, int extent, int margin)
-{
-    return pos < margin ? 0 : pos >= extent - margin ? 2 : 1;
-}
-
 } // namespace
 
 TEST(ImageCtrlTest, NineSliceKeepsCornersStretchesEdgesOneWayAndTheCentreBothWays)
@@ -86,20 +80,6 @@ TEST(ImageCtrlTest, NineSliceKeepsCornersStretchesEdgesOneWayAndTheCentreBothWay
         EXPECT_EQ(image.GetSize(), c.rendered);
         EXPECT_EQ(ctrl.GetSize(), c.rendered);
         EXPECT_EQ(firstDifference(image, reference(source, c.rendered.x, c.rendered.y, 10)), "");
-        if (c.rendered.x < 30 || c.rendered.y < 30)
-            continue; // shrunk pieces are averages, not picked pixels
-        for (int y = 0; y < image.GetHeight(); ++y)
-            for (int x = 0; x < image.GetWidth(); ++x) {
-                const int col = band(x, image.GetWidth(), 10), row = band(y, image.GetHeight(), 10);
-                const int fromX = image.GetRed(x, y) / 8, fromY = image.GetGreen(x, y) / 8;
-                ASSERT_EQ(image.GetBlue(x, y), (col + 3 * row) * 28) << x << "," << y;
-                if (col != 1) { // margin columns are never stretched horizontally
-                    ASSERT_EQ(fromX, col == 0 ? x : x - image.GetWidth() + 30) << x << "," << y;
-                }
-                if (row != 1) { // nor margin rows vertically
-                    ASSERT_EQ(fromY, row == 0 ? y : y - image.GetHeight() + 30) << x << "," << y;
-                }
-            }
         EXPECT_FALSE(image.HasAlpha()) << "an opaque source renders opaque";
     }
 }

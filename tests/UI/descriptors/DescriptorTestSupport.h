@@ -17,6 +17,8 @@
 
 #include <gtest/gtest.h>
 
+#include <wx/frame.h>
+
 #include <map>
 #include <memory>
 #include <string>
@@ -87,7 +89,7 @@ private:
     UIKit::XMLLoader m_loader;
 };
 
-// Gives each test a fresh factory and template registry.
+// Gives each test a fresh factory and template registry, and a frame when asked.
 class FactoryFixture : public testing::Test {
 protected:
     void SetUp() override
@@ -99,10 +101,21 @@ protected:
     }
     void TearDown() override
     {
+        delete m_frame;
         UIKit::TemplateManager::ReleaseInstance();
         UIKit::CtrlFactory::ReleaseInstance();
     }
     UIKit::CtrlFactory& Factory() { return *UIKit::CtrlFactory::Instance(); }
+    // A top window to build controls in, made on first use.
+    wxFrame* Frame()
+    {
+        if (!m_frame)
+            m_frame = new wxFrame(nullptr, wxID_ANY, "factory");
+        return m_frame;
+    }
+
+private:
+    wxFrame* m_frame = nullptr;
 };
 
 } // namespace descriptortest

@@ -7,8 +7,6 @@
 #include "descriptors/PanelCtrlDescriptor.h"
 #include "factory/CtrlGenerator.h"
 
-#include <wx/frame.h>
-
 #include <chrono>
 #include <string>
 
@@ -64,14 +62,7 @@ protected:
     {
         FactoryFixture::SetUp();
         Factory().AddGenerator(L"PanelCtrl", CtrlGenerator<PanelCtrlDescriptor, NestCtrl>::Make());
-        m_frame = new wxFrame(nullptr, wxID_ANY, "depth");
     }
-    void TearDown() override
-    {
-        delete m_frame;
-        FactoryFixture::TearDown();
-    }
-    wxFrame* m_frame = nullptr;
 };
 
 } // namespace
@@ -108,7 +99,7 @@ TEST_F(ControlDepthTest, ControlsPastTheLimitAreLeftOutWithOneReport)
             EXPECT_TRUE(errors.Lines().empty()) << errors.Lines().front();
         if (c.templateEvery)
             continue;
-        Control* control = Factory().CreateControl(root, m_frame, -1);
+        Control* control = Factory().CreateControl(root, Frame(), -1);
         ASSERT_NE(control, nullptr);
         EXPECT_EQ(windowDepth(control), c.depth);
         control->Destroy();

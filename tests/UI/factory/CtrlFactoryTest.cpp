@@ -6,8 +6,6 @@
 #include "descriptors/PanelCtrlDescriptor.h"
 #include "factory/CtrlGenerator.h"
 
-#include <wx/frame.h>
-
 using namespace UIKit;
 using descriptortest::Document;
 using descriptortest::ErrorCapture;
@@ -29,21 +27,7 @@ public:
     using PlainCtrl::PlainCtrl;
 };
 
-class CtrlFactoryTest : public descriptortest::FactoryFixture {
-protected:
-    void SetUp() override
-    {
-        FactoryFixture::SetUp();
-        g_destroyed = 0;
-        m_frame = new wxFrame(nullptr, wxID_ANY, "factory");
-    }
-    void TearDown() override
-    {
-        delete m_frame;
-        FactoryFixture::TearDown();
-    }
-    wxFrame* m_frame = nullptr;
-};
+class CtrlFactoryTest : public descriptortest::FactoryFixture {};
 
 TEST_F(CtrlFactoryTest, FirstRegistrationWinsAndNamesAreCaseSensitive)
 {
@@ -67,7 +51,7 @@ TEST_F(CtrlFactoryTest, FirstRegistrationWinsAndNamesAreCaseSensitive)
     EXPECT_FALSE(Factory().CreateDescriptor(noClass.Root()));
     EXPECT_EQ(errors.Lines(), (std::vector<std::string>{"test.xml:1: unknown control class 'buttonctrl'",
                                                         "test.xml:1: control element without a class"}));
-    EXPECT_EQ(Factory().CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor>(), m_frame, -1), nullptr);
+    EXPECT_EQ(Factory().CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor>(), Frame(), -1), nullptr);
 }
 
 TEST_F(CtrlFactoryTest, ControlsAreBuiltInOrderWithTheirDeclaredIdsAndUnknownOnesSkipped)
@@ -90,7 +74,7 @@ TEST_F(CtrlFactoryTest, ControlsAreBuiltInOrderWithTheirDeclaredIdsAndUnknownOne
     DescriptorList three = root->GetControls();
     three.insert(three.begin() + 1, Toolkit::make_smart<PanelCtrlDescriptor>(nobody.Root()));
     std::list<Control*> built{nullptr};
-    Factory().CreateControls(built, three, m_frame, -1);
+    Factory().CreateControls(built, three, Frame(), -1);
     ASSERT_EQ(built.size(), 2u);
     EXPECT_EQ(built.front()->GetName(), "first");
     EXPECT_EQ(built.front()->GetId(), 8020) << "a control takes the id its description declares";
@@ -101,21 +85,22 @@ TEST_F(CtrlFactoryTest, ControlsAreBuiltInOrderWithTheirDeclaredIdsAndUnknownOne
 
 TEST_F(CtrlFactoryTest, TemplatesBuildOnlyTheRequestedKind)
 {
+    g_destroyed = 0;
     Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
     Factory().AddGenerator(L"Fancy", CtrlGenerator<PanelCtrlDescriptor, FancyCtrl>::Make());
     const Document templates(R"(<Templates><Control class="Plain"/><Control class="Fancy"/></Templates>)");
     TemplateManager::Instance()->Load(templates.Root(), Factory());
 
-    EXPECT_NE(Factory().CreateControl<FancyCtrl>(L"Fancy", m_frame, -1), nullptr);
-    EXPECT_NE(Factory().CreateControl<Control>(L"Plain", m_frame, -1), nullptr);
-    const size_t children = m_frame->GetChildren().size();
-    EXPECT_EQ(Factory().CreateControl<FancyCtrl>(L"Plain", m_frame, -1), nullptr);
-    EXPECT_EQ(m_frame->GetChildren().size(), children) << "a control of the wrong kind is destroyed";
+    EXPECT_NE(Factory().CreateControl<FancyCtrl>(L"Fancy", Frame(), -1), nullptr);
+    EXPECT_NE(Factory().CreateControl<Control>(L"Plain", Frame(), -1), nullptr);
+    const size_t children = Frame()->GetChildren().size();
+    EXPECT_EQ(Factory().CreateControl<FancyCtrl>(L"Plain", Frame(), -1), nullptr);
+    EXPECT_EQ(Frame()->GetChildren().size(), children) << "a control of the wrong kind is destroyed";
     EXPECT_EQ(g_destroyed, 1);
 
     testsupport::LogCapture log;
     ErrorCapture errors;
-    EXPECT_EQ(Factory().CreateControl<Control>(L"Missing", m_frame, -1), nullptr);
+    EXPECT_EQ(Factory().CreateControl<Control>(L"Missing", Frame(), -1), nullptr);
     EXPECT_TRUE(log.Contains(L" => Missing Interface Descriptor 'Missing' !")) << log.Dump();
     EXPECT_EQ(errors.Lines(), (std::vector<std::string>{"undefined template 'Missing'"}));
 }
@@ -151,7 +136,7 @@ TEST_F(CtrlFactoryTest, OnePathFromPackToControlTreeWithTheFactorysResources)
     Factory().SetResources(&pack);
     auto descriptor = Factory().CreateDescriptorFromPack(L"screen");
     ASSERT_TRUE(descriptor);
-    Control* root = Factory().CreateControl(descriptor, m_frame, -1);
+    Control* root = Factory().CreateControl(descriptor, Frame(), -1);
     ASSERT_NE(root, nullptr);
     auto* cell = dynamic_cast<Control*>(wxWindow::FindWindowByName("cell", root));
     ASSERT_NE(cell, nullptr) << "children are built below their loaded parent, depth first";

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
+#include <vector>
 
 namespace {
 
@@ -54,12 +55,8 @@ TEST(DateTimeTest, MonthArithmeticClampsTheDayAndCrossesYears)
 TEST(DateTimeTest, FieldsComparisonsAndClamping)
 {
     const DateTime d(2009, 4, 15, 8, 30, 5);
-    EXPECT_EQ(d.GetYear(), 2009);
-    EXPECT_EQ(d.GetMonth(), 4);
-    EXPECT_EQ(d.GetDay(), 15);
-    EXPECT_EQ(d.GetHour(), 8);
-    EXPECT_EQ(d.GetMinute(), 30);
-    EXPECT_EQ(d.GetSecond(), 5);
+    EXPECT_EQ(std::vector<int>({d.GetYear(), d.GetMonth(), d.GetDay(), d.GetHour(), d.GetMinute(), d.GetSecond()}),
+              std::vector<int>({2009, 4, 15, 8, 30, 5}));
     EXPECT_EQ(d.GetDayOfWeek(), 3); // a Wednesday
     EXPECT_EQ(DateTime::GetDaysInMonth(2000, 2), 29);
     EXPECT_EQ(DateTime::GetDaysInMonth(1900, 2), 28);
