@@ -16,6 +16,12 @@ bool HomeScreen::DoEvent(int id)
     return true;
 }
 
+void HomeScreen::ScreenSlideEnter()
+{
+    ScreenCtrl::ScreenSlideEnter();
+    SetConnected(m_connected);
+}
+
 void HomeScreen::SetConnected(bool connected)
 {
     m_connected = connected;

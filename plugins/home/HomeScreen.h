@@ -10,6 +10,9 @@ public:
     HomeScreen(wxWindow* parent, int id, const wxRect& bounds);
 
     bool DoEvent(int id) override;
+    // The status is written here, not by the description: again each time
+    // the screen comes into view, in case the language changed meanwhile.
+    void ScreenSlideEnter() override;
     void SetConnected(bool connected);
     bool IsConnected() const { return m_connected; }
 

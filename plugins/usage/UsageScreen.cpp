@@ -2,6 +2,7 @@
 
 #include "Preferences/AppPreferences.h"
 #include "Toolkit/ILogger.h"
+#include "controls/MonthPickerCtrl.h"
 #include "controls/NumericUpDownCtrl.h"
 #include "util/Util.h"
 
@@ -29,6 +30,10 @@ void UsageScreen::ScreenSlideEnter()
 {
     ScreenCtrl::ScreenSlideEnter();
     restoreAllowance();
+    // The month's name is written by the picker: again, in case the
+    // language changed while the screen was away.
+    if (auto* month = dynamic_cast<UIKit::MonthPickerCtrl*>(UIKit::Util::RecursiveFindControl(this, L"UsageMonth")))
+        month->UpdatePicker(false);
 }
 
 void UsageScreen::restoreAllowance()
