@@ -1,7 +1,7 @@
 // A screen state asks the dashboard for its screen only when its sequence
 // is on show, with the slide the navigation asked for, and its transition
 // hands out the same state every time.
-#include "frames/TestDashboard.h"
+#include "UI/frames/TestDashboard.h"
 #include "navigation/PreviousSequenceParameter.h"
 #include "navigation/ScreenTransition.h"
 
