@@ -12,7 +12,6 @@
 #include "factory/ControlIds.h"
 #include "factory/CtrlFactory.h"
 #include "factory/CtrlGenerator.h"
-#include "frames/IDashboard.h"
 #include "navigation/EventManager.h"
 #include "navigation/ScreenCtrl.h"
 #include "navigation/ScreenManager.h"
@@ -20,6 +19,8 @@
 #include "navigation/SequenceManager.h"
 #include "navigation/TransitionManager.h"
 #include "xml/XMLLoader.h"
+
+#include "../tests/UI/frames/TestDashboard.h"
 
 #include <benchmark/benchmark.h>
 
@@ -71,10 +72,11 @@ struct PlainScreen {
 
 // The dashboard's part of a switch, as the host does it: the named screen
 // (built on first use) replaces the one shown, and is painted at once.
-class BenchDashboard : public IDashboard {
+class BenchDashboard : public frametest::TestDashboard {
 public:
-    BenchDashboard() : IDashboard(wxRect(0, 0, 380, 540))
+    BenchDashboard()
     {
+        SetClientSize(380, 540);
         m_pControlPlaceholder = new PanelCtrl(this, ID_CTRLPLACEHOLDER, wxRect(0, 118, 380, 414));
     }
     bool ShowScreen(const TString<wchar_t>& name, Animation, int, int) override
@@ -89,15 +91,6 @@ public:
         next->Update();
         return true;
     }
-    void OnPendingChanges(const TString<wchar_t>&, int32_t) override {}
-    void SetScreenTitle(const TString<wchar_t>&) override {}
-    void SetBusy(bool) override {}
-    void Reduce() override {}
-    void BringToFront() override {}
-    bool RunCommand(const std::vector<TString<wchar_t>>&) override { return false; }
-    void OnCultureChanged() override {}
-    void OnBeforeTransition() override {}
-    void OnDeviceStateChanged() override {}
 };
 
 // The managers a switch goes through, the default pack, the two event rows
@@ -177,17 +170,30 @@ private:
     BenchDashboard* m_dashboard = nullptr;
 };
 
+bool ready(const Navigation& navigation, benchmark::State& state)
+{
+    if (!navigation.Ok())
+        state.SkipWithError("the default pack or the home screen did not load");
+    return navigation.Ok();
+}
+
 void BM_SwitchToScreenFirstTime(benchmark::State& state)
 {
     Navigation navigation;
-    if (!navigation.Ok()) {
-        state.SkipWithError("the default pack or the home screen did not load");
+    if (!ready(navigation, state))
         return;
-    }
     int screens = 0;
     for (auto _ : state) {
         state.PauseTiming();
+        // The screen built last time is never asked for again: it goes, so
+        // that every switch builds among as many windows as the build in
+        // code does.
+        ScreenCtrl* built = navigation.Dashboard().GetCurrentRunningScreen();
         navigation.Switch(ID_HOME, "HomeBench");
+        if (screens > 0) {
+            built->Destroy();
+            wxTheApp->ProcessIdle();
+        }
         const std::string screen = "Bench" + std::to_string(screens++);
         navigation.AddScreen(screen, L"TBench", L"Bench");
         state.ResumeTiming();
@@ -195,16 +201,14 @@ void BM_SwitchToScreenFirstTime(benchmark::State& state)
             state.SkipWithError("the switch did not happen");
     }
 }
-// Every iteration builds one more screen, which stays: a fixed count.
-BENCHMARK(BM_SwitchToScreenFirstTime)->Unit(benchmark::kMillisecond)->Iterations(40);
+// Every iteration adds a screen class and template: a fixed count.
+BENCHMARK(BM_SwitchToScreenFirstTime)->Unit(benchmark::kMillisecond)->Iterations(100);
 
 void BM_SwitchToScreenAlreadyBuilt(benchmark::State& state)
 {
     Navigation navigation;
-    if (!navigation.Ok()) {
-        state.SkipWithError("the default pack or the home screen did not load");
+    if (!ready(navigation, state))
         return;
-    }
     navigation.AddScreen("BenchBuilt", L"TBench", L"Bench");
     navigation.Switch(ID_MAP, "BenchBuilt");
     for (auto _ : state) {
@@ -222,10 +226,8 @@ BENCHMARK(BM_SwitchToScreenAlreadyBuilt)->Unit(benchmark::kMillisecond);
 void BM_Build50ControlsInCode(benchmark::State& state)
 {
     Navigation navigation;
-    if (!navigation.Ok()) {
-        state.SkipWithError("the default pack or the home screen did not load");
+    if (!ready(navigation, state))
         return;
-    }
     auto descriptor = navigation.AddScreen("BenchDirect", L"TDirect", L"Direct");
     auto* resources = Appearance::Instance().get();
     wxWindow* placeholder = navigation.Dashboard().GetControlPlaceholder();

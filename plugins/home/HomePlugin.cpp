@@ -1,7 +1,6 @@
 #include "HomePlugin.h"
 
 #include "HomeScreen.h"
-#include "ScreenRoutes.h"
 
 #include "descriptors/ScreenDescriptor.h"
 #include "factory/ControlIds.h"
@@ -19,20 +18,7 @@ const pluginsupport::ScreenRoute c_routes[] = {
 
 } // namespace
 
-HomePlugin::HomePlugin() : Plugin(L"home") {}
-
-bool HomePlugin::Activate()
-{
-    pluginsupport::AddRoutes(c_routes);
-    LoadDescriptor();
-    return true;
-}
-
-bool HomePlugin::Deactivate()
-{
-    pluginsupport::RemoveRoutes(c_routes);
-    return true;
-}
+HomePlugin::HomePlugin() : ScreenPlugin(L"home", c_routes) {}
 
 // The hot key brings the home screen forward and flips the connection.
 void HomePlugin::Hotkey(const TString<wchar_t>& name)

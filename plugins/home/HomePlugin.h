@@ -1,16 +1,14 @@
 #pragma once
 // The home plug-in: contributes the connection screen, the transition that
 // shows it, and a hot key that connects or disconnects.
-#include "plugins/Plugin.h"
+#include "ScreenPlugin.h"
 
 namespace homeplugin {
 
-class HomePlugin : public UIKit::Plugin {
+class HomePlugin : public pluginsupport::ScreenPlugin {
 public:
     HomePlugin();
 
-    bool Activate() override;
-    bool Deactivate() override;
     void Hotkey(const TString<wchar_t>& name) override;
 };
 

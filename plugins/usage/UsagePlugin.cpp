@@ -1,6 +1,5 @@
 #include "UsagePlugin.h"
 
-#include "ScreenRoutes.h"
 #include "UsageScreen.h"
 
 #include "descriptors/ScreenDescriptor.h"
@@ -30,20 +29,7 @@ const pluginsupport::ScreenRoute c_routes[] = {
 
 } // namespace
 
-UsagePlugin::UsagePlugin() : Plugin(L"usage") {}
-
-bool UsagePlugin::Activate()
-{
-    pluginsupport::AddRoutes(c_routes);
-    LoadDescriptor();
-    return true;
-}
-
-bool UsagePlugin::Deactivate()
-{
-    pluginsupport::RemoveRoutes(c_routes);
-    return true;
-}
+UsagePlugin::UsagePlugin() : ScreenPlugin(L"usage", c_routes) {}
 
 void UsagePlugin::Hotkey(const TString<wchar_t>& name)
 {
