@@ -68,12 +68,12 @@ void CultureRelabel::Apply(wxWindow* root, const Toolkit::smart_ptr<UIKit::BaseC
     });
 }
 
-void CultureRelabel::ApplyToScreens(wxWindow* placeholder, const std::vector<TString<wchar_t>>& itemFiles)
+void CultureRelabel::ReadTemplates(const std::vector<TString<wchar_t>>& itemFiles)
 {
     auto factory = UIKit::CtrlFactory::Instance();
-    if (!placeholder || !factory)
+    if (!factory)
         return;
-    std::map<TString<wchar_t>, Toolkit::smart_ptr<UIKit::BaseCtrlDescriptor>> templates;
+    m_templates.clear();
     for (const auto& file : itemFiles) {
         UIKit::XMLLoader loader;
         loader.SetResources(factory->GetResources());
@@ -83,16 +83,17 @@ void CultureRelabel::ApplyToScreens(wxWindow* placeholder, const std::vector<TSt
         loader.GetNodes(nodes, "Templates/Control");
         for (const auto& node : nodes)
             if (auto descriptor = factory->CreateDescriptor(node))
-                templates.emplace(descriptor->GetClass(), descriptor);
+                m_templates.emplace(descriptor->GetClass(), descriptor);
     }
-    for (wxWindow* child : placeholder->GetChildren()) {
-        auto* screen = dynamic_cast<UIKit::Control*>(child);
-        if (!screen || !screen->GetDescriptor())
-            continue;
-        const auto found = templates.find(screen->GetDescriptor()->GetClass());
-        if (found != templates.end())
-            Apply(screen, found->second);
-    }
+}
+
+void CultureRelabel::ApplyToScreen(UIKit::Control* screen)
+{
+    if (!screen || !screen->GetDescriptor())
+        return;
+    const auto found = m_templates.find(screen->GetDescriptor()->GetClass());
+    if (found != m_templates.end())
+        Apply(screen, found->second);
 }
 
 } // namespace host

@@ -14,6 +14,10 @@
 
 class wxWindow;
 
+namespace UIKit {
+class Control;
+}
+
 namespace host {
 
 class CultureRelabel {
@@ -21,15 +25,19 @@ public:
     // The controls below `root` against the freshly read description of
     // `root` itself.
     void Apply(wxWindow* root, const Toolkit::smart_ptr<UIKit::BaseCtrlDescriptor>& fresh);
-    // Every screen in the placeholder against its template read again from
-    // the item files.
-    void ApplyToScreens(wxWindow* placeholder, const std::vector<TString<wchar_t>>& itemFiles);
+    // Reads the templates of the item files again, in the new language.
+    void ReadTemplates(const std::vector<TString<wchar_t>>& itemFiles);
+    // A screen against its template as last read again; nothing before the
+    // first change of language. Screens built after a change come from the
+    // templates read at start, so they need it as much as those built before.
+    void ApplyToScreen(UIKit::Control* screen);
 
 private:
     // The label a control was last given by a description.
     TString<wchar_t> givenLabel(const wxWindow* window) const;
 
     std::map<const wxWindow*, TString<wchar_t>> m_given;
+    std::map<TString<wchar_t>, Toolkit::smart_ptr<UIKit::BaseCtrlDescriptor>> m_templates;
 };
 
 } // namespace host

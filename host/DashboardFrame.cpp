@@ -62,6 +62,7 @@ bool DashboardFrame::ShowScreen(const TString<wchar_t>& name, UIKit::Animation a
         TK_LOG(Toolkit::LogError) << "no screen named " << name << " can be built";
         return false;
     }
+    m_relabel.ApplyToScreen(next);
     UIKit::ScreenCtrl* previous = m_pCurrentRunningScreen;
     if (previous && previous != next)
         previous->ScreenSlideLeave();
@@ -193,7 +194,10 @@ void DashboardFrame::OnCultureChanged()
     if (auto plugins = UIKit::Singleton<UIKit::PluginManager>::Instance())
         for (const auto& [key, plugin] : plugins->GetPlugins())
             itemFiles.push_back(plugin->GetItemFile());
-    m_relabel.ApplyToScreens(m_pControlPlaceholder, itemFiles);
+    m_relabel.ReadTemplates(itemFiles);
+    if (m_pControlPlaceholder)
+        for (wxWindow* screen : m_pControlPlaceholder->GetChildren())
+            m_relabel.ApplyToScreen(dynamic_cast<UIKit::Control*>(screen));
     Refresh(true);
 }
 

@@ -29,8 +29,8 @@ public:
     void BringToFront() override;
     bool RunCommand(const std::vector<TString<wchar_t>>& argv) override;
     // Labels are resolved when descriptions are read: the header, the
-    // navigation bar and every screen built so far take the labels of
-    // their descriptions read again.
+    // navigation bar and every screen, built so far or later, take the
+    // labels of their descriptions read again.
     void OnCultureChanged() override;
     void OnBeforeTransition() override;
     void OnDeviceStateChanged() override;

@@ -11,6 +11,7 @@
 
 #include "Preferences/AppPreferences.h"
 #include "Toolkit/LibModuleManager.h"
+#include "appearance/Appearance.h"
 #include "controls/NumericUpDownCtrl.h"
 #include "factory/ControlIds.h"
 #include "navigation/ScreenCtrl.h"
@@ -103,6 +104,32 @@ TEST_F(HostNavigationTest, ButtonsAndHotKeysMoveThroughThePacksEventRows)
     EXPECT_EQ(UIKit::Util::RecursiveFindControl(home, L"Status")->GetControlLabel(), L"Connected to the mobile network")
         << "the home hot key toggles the connection, and the status fits on its line";
     EXPECT_FALSE(UIKit::Util::FindControl(home, UIKit::ID_CONNECT)->IsEnabled());
+}
+
+// Labels are read with the descriptions: a language change reads them again
+// for the window and the screens built so far, and leaves texts that code
+// wrote (the status once connected) to that code.
+TEST_F(HostNavigationTest, LanguageChangeRelabelsTheWindowAndTheBuiltScreens)
+{
+    host::StartNavigation();
+    UIKit::ScreenCtrl* home = m_dashboard->GetCurrentRunningScreen();
+    ASSERT_TRUE(host::Click(*m_dashboard, UIKit::ID_CONNECT));
+    auto appearance = UIKit::Appearance::Instance();
+    appearance->UseCulture(appearance->FindCultureByName(L"fr"));
+    m_dashboard->OnCultureChanged();
+    auto label = [](wxWindow* root, const wchar_t* name) {
+        auto* control = UIKit::Util::RecursiveFindControl(root, name);
+        return control ? control->GetControlLabel() : TString<wchar_t>(L"(missing)");
+    };
+    EXPECT_EQ(label(m_dashboard, L"NavHome"), L"Accueil");
+    EXPECT_EQ(label(home, L"PinLabel"), L"Code PIN");
+    EXPECT_EQ(label(home, L"Status"), L"Connected to the mobile network") << "written by the screen, not relabelled";
+    ASSERT_TRUE(host::Click(*m_dashboard, UIKit::ID_DISCONNECT));
+    EXPECT_EQ(label(home, L"Status"), L"Aucun appareil connecté");
+    ASSERT_TRUE(host::Click(*m_dashboard, UIKit::ID_MAP));
+    EXPECT_EQ(label(m_dashboard, L"NavUsage"), L"Conso");
+    EXPECT_EQ(label(m_dashboard->GetCurrentRunningScreen(), L"UsedLabel"), L"Consommé ce mois-ci")
+        << "a screen built after the change";
 }
 
 TEST_F(HostNavigationTest, UsageScreenKeepsTheAllowanceInThePreferences)
