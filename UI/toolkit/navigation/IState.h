@@ -12,7 +12,7 @@ namespace UIKit {
 
 class UIKIT_API IState {
 public:
-    IState(const TString<wchar_t>& sequenceName = {}, const TString<wchar_t>& stateName = {});
+    explicit IState(const TString<wchar_t>& sequenceName = {}, const TString<wchar_t>& stateName = {});
     virtual ~IState();
 
     // Marks the state active and keeps what it was given; true.

@@ -3,6 +3,7 @@
 #include "navigation/EventManager.h"
 #include "navigation/PreviousSequenceParameter.h"
 #include "navigation/Sequence.h"
+#include "navigation/TransitionManager.h"
 #include "navigation/TransitionNotice.h"
 #include "xml/SymbolicIds.h"
 
@@ -16,6 +17,14 @@ Toolkit::smart_ptr<EventTable::Rows> rowsOf(const TString<wchar_t>& sequence, co
 {
     const auto events = EventManager::Instance();
     return events ? events->Get(sequence, state) : Toolkit::smart_ptr<EventTable::Rows>();
+}
+
+// Asked before switching sequences, so that an unknown transition (logged
+// by the registry) leaves the navigation where it is.
+bool knowsTransition(const TString<wchar_t>& name)
+{
+    const auto transitions = TransitionManager::Instance();
+    return transitions && transitions->Get(name);
 }
 
 } // namespace
@@ -64,7 +73,7 @@ bool SequenceManager::DoTransition(const TString<wchar_t>& sequence, const TStri
     Toolkit::MutexLocker navigation(m_navigationLock);
     NotifyBeforeTransition();
     const auto target = GetSequence(sequence);
-    if (!SetCurrentSequence(target))
+    if (!knowsTransition(transition) || !SetCurrentSequence(target))
         return false;
     return target->DoTransition(transition, std::move(parameter));
 }
@@ -83,8 +92,12 @@ bool SequenceManager::DoEvent(const TString<wchar_t>& sequence, const TString<wc
         const auto target = row->sequence == sequence ? source : GetSequence(row->sequence);
         // A row into the sequence that is already current does nothing here;
         // the next matching row gets its chance.
-        if (target && SetCurrentSequence(target))
-            return target->DoTransition(row->transition, parameter);
+        if (!target || target == GetCurrentSequence())
+            continue;
+        if (!knowsTransition(row->transition))
+            return false;
+        SetCurrentSequence(target);
+        return target->DoTransition(row->transition, parameter);
     }
     return false;
 }

@@ -36,11 +36,13 @@ public:
     std::vector<Toolkit::smart_ptr<Sequence>> GetStack() const;
 
     // Switches to the named sequence and runs the transition in it; false,
-    // doing nothing, when that sequence is already current.
+    // doing nothing, when that sequence is already current or the
+    // transition is unknown.
     bool DoTransition(const TString<wchar_t>& sequence, const TString<wchar_t>& transition,
                       Toolkit::smart_ptr<IStateParameter> parameter);
     // Carries out the first row for (sequence, state, id) that moves the
-    // navigation into another sequence; false when none does.
+    // navigation into another sequence; false when none does, or when that
+    // row's transition is unknown (the navigation then stays put).
     bool DoEvent(const TString<wchar_t>& sequence, const TString<wchar_t>& state, int id,
                  Toolkit::smart_ptr<IStateParameter> parameter);
     // The id in the current sequence and state, else in the global table.

@@ -93,7 +93,10 @@ protected:
     std::string where() const
     {
         const auto current = sequences->GetCurrentSequence();
-        return current ? narrow(current->GetName()) + "/" + narrow(current->GetState()->GetStateName()) : "";
+        if (!current)
+            return "";
+        const auto state = current->GetState();
+        return narrow(current->GetName()) + "/" + (state ? narrow(state->GetStateName()) : "");
     }
     std::string stackNames() const
     {

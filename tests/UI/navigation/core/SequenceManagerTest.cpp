@@ -1,11 +1,12 @@
 // Carrying out events: which row wins, how the stack of sequences moves,
 // going back, home, and a transition that navigates while it runs.
 #include "NavigationCore.h"
+#include "TestSupport.h"
 
 namespace navtest {
 namespace {
 
-TEST_F(NavigationTest, RowsOfTheCurrentStateComeBeforeTheGlobalOnesAndRowsIntoItAreSkipped)
+TEST_F(NavigationTest, RowsOfTheCurrentStateComeFirstRowsIntoItAreSkippedAndUnknownTransitionsStayPut)
 {
     for (const auto* state : {L"Main", L"Other"})
         addTransition(L"Home", state);
@@ -14,6 +15,7 @@ TEST_F(NavigationTest, RowsOfTheCurrentStateComeBeforeTheGlobalOnesAndRowsIntoIt
     events->Add(L"Home", row(L"Main", 5, L"Home", L"toHomeOther")); // into the current sequence
     events->Add(L"Home", row(L"Main", 5, L"A", L"toAMain"));
     events->Add(L"home", row(L"Main", 6, L"A", L"toAMain")); // names compare exactly
+    events->Add(L"Home", row(L"Main", 7, L"A", L"missing"));
     for (const int id : {1, 2, 6})
         addGlobalRow(id, L"B");
     struct Case {
@@ -22,7 +24,9 @@ TEST_F(NavigationTest, RowsOfTheCurrentStateComeBeforeTheGlobalOnesAndRowsIntoIt
         bool done;
         std::string where;
     } cases[] = {{true, 1, true, "A/Main"}, {true, 2, true, "B/Main"},  {true, 5, true, "A/Main"},
-                 {true, 6, true, "B/Main"}, {false, 1, true, "B/Main"}, {true, 9, false, "Home/Main"}};
+                 {true, 6, true, "B/Main"}, {false, 1, true, "B/Main"}, {true, 9, false, "Home/Main"},
+                 {true, 7, false, "Home/Main"}};
+    testsupport::LogCapture log;
     for (const auto& c : cases) {
         sequences->OnApplicationExit();
         if (c.atHome)
@@ -30,6 +34,7 @@ TEST_F(NavigationTest, RowsOfTheCurrentStateComeBeforeTheGlobalOnesAndRowsIntoIt
         EXPECT_EQ(sequences->DoEvent(c.id), c.done) << c.id;
         EXPECT_EQ(where(), c.where) << c.id;
     }
+    EXPECT_EQ(log.Count(L"Transition [missing] not found!"), 1u);
 }
 
 TEST_F(NavigationTest, ASequenceMadeCurrentAgainMovesToTheTopInsteadOfAppearingTwice)
