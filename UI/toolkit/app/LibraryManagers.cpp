@@ -24,6 +24,7 @@
 #include "factory/CtrlFactory.h"
 #include "app/AppController.h"
 #include "app/SingleApplicationInstance.h"
+#include "navigation/ScreenManager.h"
 #include "module/SingletonSlot.h"
 #include "module/SingletonTable.h"
 
@@ -33,6 +34,7 @@ UIKIT_SINGLETON_SLOT(UIKit::Appearance)
 UIKIT_SINGLETON_SLOT(UIKit::ConfDataFile)
 UIKIT_SINGLETON_SLOT(UIKit::CtrlFactory)
 UIKIT_SINGLETON_SLOT(UIKit::TemplateManager)
+UIKIT_SINGLETON_SLOT(UIKit::ScreenManager)
 
 namespace UIKit {
 
@@ -46,6 +48,7 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<ConfDataFile>("ConfDataFile", 4, 12),
         SingletonTable::Entry<CtrlFactory>("CtrlFactory", 6, 2),
         SingletonTable::Entry<TemplateManager>("TemplateManager", 7, 3),
+        SingletonTable::Entry<ScreenManager>("ScreenManager", 12, 8),
     });
     return table;
 }
