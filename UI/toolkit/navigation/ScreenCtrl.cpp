@@ -60,8 +60,8 @@ void forEachControl(wxWindow* parent, Apply apply)
 } // namespace
 
 wxBEGIN_EVENT_TABLE(ScreenCtrl, PanelCtrl)
-    EVT_COMMAND(wxID_ANY, WorkerCtrl::EVT_WORKER_THREAD_STARTED, ScreenCtrl::OnWorkerThreadStarted)
-    EVT_COMMAND(wxID_ANY, WorkerCtrl::EVT_WORKER_THREAD_FINISHED, ScreenCtrl::OnWorkerThreadFinished)
+    wx__DECLARE_EVT1(WorkerCtrl::EVT_WORKER_THREAD_STARTED, wxID_ANY, wxThreadEventHandler(ScreenCtrl::onWorker))
+    wx__DECLARE_EVT1(WorkerCtrl::EVT_WORKER_THREAD_FINISHED, wxID_ANY, wxThreadEventHandler(ScreenCtrl::onWorker))
     // The list's item-selected event joins here once the list control exists.
     EVT_BUTTON(ID_OK, ScreenCtrl::OnOK)
     EVT_BUTTON(ID_CANCEL, ScreenCtrl::OnCancel)
@@ -152,6 +152,15 @@ void ScreenCtrl::OnWorkerThreadFinished(wxCommandEvent&)
     Util::ShowWindow(this, L"List", true, false);
     Util::ShowWindow(this, L"View", true, false);
     SetFocus();
+}
+
+void ScreenCtrl::onWorker(wxThreadEvent& event)
+{
+    wxCommandEvent command(event.GetEventType(), event.GetId());
+    if (event.GetEventType() == EVT_WORKER_THREAD_STARTED)
+        OnWorkerThreadStarted(command);
+    else
+        OnWorkerThreadFinished(command);
 }
 
 template <class Call>

@@ -75,6 +75,8 @@ private:
     template <class Call>
     void withWaitCursor(Call call);
     void onOtherButton(wxCommandEvent& event) { DoEvent(event.GetId()); }
+    // The worker posts thread events; the handlers take command events.
+    void onWorker(wxThreadEvent& event);
 
     bool m_worker;
     IDelegate* m_delegate;

@@ -12,8 +12,9 @@ WorkerCtrl::~WorkerCtrl()
 
 void WorkerCtrl::RequestDoWork()
 {
-    if (stopping())
+    if (IsStopping())
         return;
+    std::lock_guard<std::mutex> lock(m_requestLock);
     m_busy.Set();
     if (!IsRunning() && !Start()) {
         m_busy.Reset();
@@ -34,7 +35,7 @@ bool WorkerCtrl::IsBusy()
     return m_busy.Wait(0);
 }
 
-bool WorkerCtrl::stopping()
+bool WorkerCtrl::IsStopping()
 {
     return m_stop.Wait(0);
 }
@@ -43,21 +44,35 @@ void WorkerCtrl::DoWork()
 {
     // Taken once the object is complete: the thread starts only on request.
     wxEvtHandler* target = dynamic_cast<wxEvtHandler*>(this);
-    const wxCommandEvent started(EVT_WORKER_THREAD_STARTED, -1);
-    const wxCommandEvent finished(EVT_WORKER_THREAD_FINISHED, -1);
-    while (m_request.Wait() && !stopping()) {
+    const wxThreadEvent started(EVT_WORKER_THREAD_STARTED, -1);
+    const wxThreadEvent finished(EVT_WORKER_THREAD_FINISHED, -1);
+    bool requested = m_request.Wait();
+    while (requested && !IsStopping()) {
         m_busy.Set();
         post(target, started);
         OnDoWork();
         post(target, finished);
-        m_busy.Reset();
+        requested = nextRequest();
     }
     m_busy.Reset();
 }
 
-void WorkerCtrl::post(wxEvtHandler* target, const wxCommandEvent& event)
+bool WorkerCtrl::nextRequest()
 {
-    if (target && !stopping())
+    {
+        // Under the lock requests are made with, so that busy is never
+        // clear while a request waits.
+        std::lock_guard<std::mutex> lock(m_requestLock);
+        if (m_request.Wait(0))
+            return true;
+        m_busy.Reset();
+    }
+    return m_request.Wait();
+}
+
+void WorkerCtrl::post(wxEvtHandler* target, const wxThreadEvent& event)
+{
+    if (target && !IsStopping())
         target->AddPendingEvent(event);
 }
 

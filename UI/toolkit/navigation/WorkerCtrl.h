@@ -4,7 +4,8 @@
 // runs OnDoWork() once per request while the user interface stays live. It
 // never touches a window: when the object is also an event handler, each
 // job's start and end are posted to it as events, which its owner handles
-// on the GUI thread.
+// on the GUI thread. They are thread events (copied deeply, and part of the
+// base library, so the worker needs no GUI).
 //
 // OnDoWork() runs on the worker thread. A subclass whose job reads its own
 // members calls Stop() in its own destructor, before those members go.
@@ -12,6 +13,8 @@
 #include "Toolkit/Thread.h"
 
 #include <wx/event.h>
+
+#include <mutex>
 
 namespace UIKit {
 
@@ -33,6 +36,8 @@ public:
     // True from a request until its job has ended, so that a second request
     // made before the first job starts is seen as well.
     bool IsBusy();
+    // True once Stop() has begun; a long job checks it to end early.
+    bool IsStopping();
 
 protected:
     // The thread body: one job per request until stopped.
@@ -42,14 +47,19 @@ protected:
 
 private:
     void Run() override { DoWork(); }
-    bool stopping();
+    // The next request: at once when one came during the job, otherwise
+    // waited for with busy cleared.
+    bool nextRequest();
     // Queues a copy of the event unless the worker is being stopped, whose
     // owner may be going away.
-    void post(wxEvtHandler* target, const wxCommandEvent& event);
+    void post(wxEvtHandler* target, const wxThreadEvent& event);
 
     Toolkit::EventObject m_stop{true, false};
     Toolkit::EventObject m_request{false, false};
     Toolkit::EventObject m_busy{true, false};
+    // Makes "set busy, then request" one step against the worker's "no
+    // request pending, so clear busy".
+    std::mutex m_requestLock;
 };
 
 } // namespace UIKit
