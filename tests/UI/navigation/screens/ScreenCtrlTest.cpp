@@ -1,8 +1,7 @@
 // Screens: built once by name, standard buttons and keys, the Tab ring, and
-// the worker screen's job and progress panel.
+// the worker screen's job, progress panel and end.
 #include "../../descriptors/DescriptorTestSupport.h"
 #include "../../frames/TestDashboard.h"
-#include "controls/ButtonCtrl.h"
 #include "controls/EditTextCtrl.h"
 #include "controls/StandardControls.h"
 #include "descriptors/ScreenDescriptor.h"
@@ -14,94 +13,43 @@
 
 #include <wx/app.h>
 
-#include <atomic>
-#include <string>
 #include <thread>
-#include <vector>
 
 using namespace UIKit;
-using descriptortest::Document;
 
 namespace screentest {
 
 std::vector<std::string> g_journal;
-int g_built = 0;
 
+// A worker screen that is its own delegate and data source, as every
+// screen is by default; records what reaches it. Its job waits at the gate.
 class TestScreen : public ScreenCtrl {
 public:
-    TestScreen(wxWindow* parent, int id, const wxRect& rect, bool worker = false)
-        : ScreenCtrl(parent, id, rect, worker)
+    TestScreen(wxWindow* parent, int id, const wxRect& rect) : ScreenCtrl(parent, id, rect, true) {}
+    ~TestScreen() override { Stop(); }
+    bool DoEvent(int id) override { return note("event:" + std::to_string(id)); }
+    void doFlush() override { note("flush"); }
+    void doRollback() override { note("rollback"); }
+    void doDeleteItemFromRowIndex(unsigned int row) override { note("delete:" + std::to_string(row)); }
+    void OnWorkerThreadFinished(wxCommandEvent& event) override
     {
-        ++g_built;
+        note("finished");
+        ScreenCtrl::OnWorkerThreadFinished(event);
     }
-    bool DoEvent(int id) override
-    {
-        g_journal.push_back("event:" + std::to_string(id));
-        return false;
-    }
-};
-
-// Its job waits at a gate; it counts the progress-panel updates it gets.
-class WorkScreen : public TestScreen {
-public:
-    WorkScreen(wxWindow* parent, int id, const wxRect& rect) : TestScreen(parent, id, rect, true) {}
-    ~WorkScreen() override { Stop(); }
     void OnDoWork() override
     {
-        ++jobs;
+        note("job");
         entered.Set();
         gate.Wait();
     }
-    void OnWorkerThreadStarted(wxCommandEvent& event) override
-    {
-        ++s_updates;
-        ScreenCtrl::OnWorkerThreadStarted(event);
-    }
-    void OnWorkerThreadFinished(wxCommandEvent& event) override
-    {
-        ++s_updates;
-        ScreenCtrl::OnWorkerThreadFinished(event);
-    }
-    std::atomic<int> jobs{0};
+    static bool note(const std::string& what) { return g_journal.push_back(what), false; }
     Toolkit::EventObject entered{false, false};
     Toolkit::EventObject gate{true, false};
-    static int s_updates;
-};
-int WorkScreen::s_updates = 0;
-
-struct RecordingDelegate : IDelegate {
-    void doFlush() override { g_journal.push_back("flush"); }
-    void doRollback() override { g_journal.push_back("rollback"); }
 };
 
-struct RecordingSource : IDataSource {
-    RecordingSource() : IDataSource(TString<wchar_t>()) {}
-    void doAddItem() override { g_journal.push_back("add"); }
-    void doDeleteItemFromRowIndex(unsigned int row) override { g_journal.push_back("delete:" + std::to_string(row)); }
-    void doEditItemFromRowIndex(unsigned int row) override { g_journal.push_back("edit:" + std::to_string(row)); }
-};
-
-class Dashboard : public frametest::TestDashboard {
-public:
+struct Dashboard : frametest::TestDashboard {
     Dashboard() { m_pControlPlaceholder = new PanelCtrl(this, wxID_ANY, wxRect(0, 0, 200, 150)); }
 };
-
-const char* const c_buttons = R"(<Control class="TestScreen" bounds="0,0,200,150">
-    <Control class="PanelCtrl" name="Box"><Control class="ButtonCtrl" name="Ok" id="ID_OK"/></Control>
-    <Control class="ButtonCtrl" name="Cancel" id="ID_CANCEL"/>
-    <Control class="ButtonCtrl" name="Add" id="ID_ADD"/>
-    <Control class="ButtonCtrl" name="Edit" id="ID_EDIT"/>
-    <Control class="ButtonCtrl" name="Skip" id="ID_SKIP"/></Control>)";
-
-const char* const c_fields = R"(<Control class="TestScreen" bounds="0,0,200,150">
-    <Control class="EditTextCtrl" name="A"/><Control class="EditTextCtrl" name="B"/>
-    <Control class="PanelCtrl" name="Box"><Control class="EditTextCtrl" name="C"/></Control></Control>)";
-
-const char* const c_worker = R"(<Control class="WorkScreen" bounds="0,0,200,150">
-    <Control class="ButtonCtrl" name="Ok" id="ID_OK"/><Control class="ButtonCtrl" name="Cancel" id="ID_CANCEL"/>
-    <Control class="ButtonCtrl" name="Edit" id="ID_EDIT"/>
-    <Control class="PanelCtrl" name="ProgressPanel"><Control class="PanelCtrl" name="Spinner"/></Control>
-    <Control class="PanelCtrl" name="List"/></Control>)";
 
 class ScreenTest : public descriptortest::FactoryFixture {
 protected:
@@ -111,12 +59,9 @@ protected:
         RegisterStandardControls(Factory());
         for (const wchar_t* name : {L"TestScreen", L"Home", L"Later"})
             Factory().AddGenerator(name, CtrlGenerator<ScreenDescriptor, TestScreen>::Make());
-        Factory().AddGenerator(L"WorkScreen", CtrlGenerator<ScreenDescriptor, WorkScreen>::Make());
         ScreenManager::CreateInstance();
-        m_dashboard = new Dashboard();
-        IDashboard::s_pCurrent = m_dashboard;
+        IDashboard::s_pCurrent = m_dashboard = new Dashboard();
         g_journal.clear();
-        g_built = 0;
     }
     void TearDown() override
     {
@@ -125,22 +70,22 @@ protected:
         ScreenManager::ReleaseInstance();
         FactoryFixture::TearDown();
     }
-    template <class S = TestScreen>
-    S* Build(const char* xml)
+    TestScreen* Build(const std::string& children)
     {
-        const Document doc(xml);
-        return dynamic_cast<S*>(Factory().CreateControl(Factory().CreateDescriptor(doc.Root()),
-                                                        m_dashboard->GetControlPlaceholder(), -1));
+        const descriptortest::Document doc("<Control class=\"TestScreen\">" + children + "</Control>");
+        auto* screen = dynamic_cast<TestScreen*>(
+            Factory().CreateControl(Factory().CreateDescriptor(doc.Root()), m_dashboard->GetControlPlaceholder(), -1));
+        g_journal.clear();
+        return screen;
     }
-    void AddTemplate(const char* cls)
+    void AddTemplate(const std::string& cls)
     {
-        const Document doc(std::string("<Templates><Control class=\"") + cls + "\"/></Templates>");
+        const descriptortest::Document doc("<Templates><Control class=\"" + cls + "\"/></Templates>");
         TemplateManager::Instance()->Load(doc.Root(), Factory());
     }
-    template <class C = Control>
-    static C* Named(wxWindow* screen, const char* name)
+    static Control* Named(wxWindow* screen, const char* name)
     {
-        return Util::FindControl<C>(screen, TString<wchar_t>(std::wstring(name, name + strlen(name))), true);
+        return Util::RecursiveFindControl(screen, TString<wchar_t>(wxString(name).ToStdWstring()));
     }
     Dashboard* m_dashboard = nullptr;
 };
@@ -153,124 +98,89 @@ TEST_F(ScreenTest, ManagerBuildsOnceAndRetriesFailures)
     ScreenCtrl* home = screens.Get(L"Home");
     ASSERT_NE(home, nullptr);
     EXPECT_EQ(screens.Get(L"Home"), home);
-    EXPECT_EQ(g_built, 1);
     EXPECT_FALSE(home->IsShown()) << "a screen is built hidden";
-    EXPECT_EQ(home->GetParent(), m_dashboard->GetControlPlaceholder());
-
     EXPECT_EQ(screens.Get(L"PanelCtrl"), nullptr) << "a template that is not a screen";
-    {
-        descriptortest::ErrorCapture errors;
-        EXPECT_EQ(screens.Get(L"Later"), nullptr);
-        EXPECT_EQ(errors.Lines(), std::vector<std::string>{"undefined template 'Later'"});
-    }
+    descriptortest::ErrorCapture errors;
+    EXPECT_EQ(screens.Get(L"Later"), nullptr);
     AddTemplate("Later");
     EXPECT_NE(screens.Get(L"Later"), nullptr) << "a failed build is not remembered";
-    IDashboard::s_pCurrent = nullptr;
-    EXPECT_EQ(screens.Get(L"Other"), nullptr);
-    EXPECT_EQ(screens.Size(), 2u);
+    EXPECT_EQ(m_dashboard->GetControlPlaceholder()->GetChildren().size(), 2u) << "each screen built once";
+    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"undefined template 'Later'"});
 }
 
-// Setup: "hide"/"disable"/"destroy" a named control first. Action: "enter",
-// "esc", or a click on that id (integer 3), sent through the button when
-// there is one.
+// Controls: O(K) in panel P, C(ancel), S(kip). Setup: hide, disable or
+// destroy (h, d, x) a control. Action: a key, or a click on an id (integer
+// 3), sent through its button when there is one.
 TEST_F(ScreenTest, StandardButtonsAndKeys)
 {
     struct Case {
         const char* setup;
-        const char* target;
-        const char* action;
+        wxEventType key;
+        int click;
         std::vector<std::string> journal;
     };
-    const std::string skip = "event:" + std::to_string(ID_SKIP);
+    const wxEventType enter = PanelCtrl::EVT_KEYPRESSED_ENTER;
     const Case cases[] = {
-        {"", "", "enter", {"flush"}},
-        {"hide", "Ok", "enter", {}},
-        {"hide", "Box", "enter", {}},
-        {"disable", "Ok", "enter", {}},
-        {"destroy", "Ok", "enter", {}},
-        {"", "", "esc", {"rollback"}},
-        {"hide", "Cancel", "esc", {}},
-        {"disable", "Cancel", "esc", {}},
-        {"", "", "ID_ADD", {"add"}},
-        {"", "", "ID_DELETE", {"delete:3"}},
-        {"", "", "ID_EDIT", {"edit:3"}},
-        {"", "", "ID_OK", {"flush"}},
-        {"", "", "ID_SKIP", {skip}},
+        {"", enter, 0, {"flush"}}, {"hO", enter, 0, {}}, {"hP", enter, 0, {}}, {"dO", enter, 0, {}},
+        {"xO", enter, 0, {}}, {"", PanelCtrl::EVT_KEYPRESSED_ESC, 0, {"rollback"}},
+        {"", wxEVT_BUTTON, ID_DELETE, {"delete:3"}}, {"", wxEVT_BUTTON, ID_SKIP, {"event:8022"}},
     };
-    RecordingDelegate delegate;
-    RecordingSource source;
     for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.setup) + " " + c.target + " " + c.action);
-        TestScreen* screen = Build(c_buttons);
-        ASSERT_NE(screen, nullptr);
-        screen->SetDelegate(&delegate);
-        screen->SetDataSource(&source);
-        const std::string setup = c.setup;
-        if (setup == "hide")
-            Named(screen, c.target)->Show(false);
-        else if (setup == "disable")
-            Named(screen, c.target)->Enable(false);
-        else if (setup == "destroy")
-            Named(screen, c.target)->Destroy();
-        g_journal.clear();
-
-        const std::string action = c.action;
-        if (action == "enter" || action == "esc") {
-            wxCommandEvent key(action == "enter" ? PanelCtrl::EVT_KEYPRESSED_ENTER : PanelCtrl::EVT_KEYPRESSED_ESC);
-            screen->GetEventHandler()->ProcessEvent(key);
-        } else {
-            const int id = LookupSymbolicId(action);
-            wxWindow* button = Util::FindControl(screen, id);
-            wxCommandEvent click(wxEVT_BUTTON, id);
-            click.SetInt(3);
-            (button ? button : screen)->GetEventHandler()->ProcessEvent(click);
-        }
+        SCOPED_TRACE(testing::Message() << c.setup << " " << c.click);
+        TestScreen* screen = Build(R"(<Control class="PanelCtrl" name="P"><Control class="ButtonCtrl" name="O"
+            id="ID_OK"/></Control><Control class="ButtonCtrl" name="C" id="ID_CANCEL"/>
+            <Control class="ButtonCtrl" name="S" id="ID_SKIP"/>)");
+        Control* target = *c.setup ? Named(screen, c.setup + 1) : nullptr;
+        if (*c.setup == 'h')
+            target->Show(false);
+        else if (*c.setup == 'd')
+            target->Enable(false);
+        else if (*c.setup == 'x')
+            target->Destroy();
+        wxCommandEvent event(c.key, c.click);
+        event.SetInt(3);
+        wxWindow* button = c.click ? Util::FindControl(screen, c.click) : nullptr;
+        (button ? button : screen)->GetEventHandler()->ProcessEvent(event);
         EXPECT_EQ(g_journal, c.journal);
         screen->Destroy();
     }
 }
 
-// Focused field, fields hidden first (one letter each; X hides the panel
-// holding C), and the field Tab moves to ('-' for none).
+// Fields A, B, and C in panel P: focused field, hidden controls, and the
+// field Tab moves to ('-' for none).
 TEST_F(ScreenTest, TabRing)
 {
     struct Case {
-        const char* focused;
-        const char* hidden;
+        const char *focused, *hidden;
         char next;
     };
-    const Case cases[] = {
-        {"", "", '-'}, {"A", "", 'B'}, {"B", "", 'C'}, {"C", "", 'A'},
-        {"A", "B", 'C'}, {"B", "X", 'A'}, {"A", "BC", '-'}, {"B", "B", 'C'},
-    };
-    for (const Case& c : cases) {
+    for (const Case c : {Case{"", "", '-'}, Case{"A", "", 'B'}, Case{"B", "", 'C'}, Case{"C", "", 'A'},
+                         Case{"A", "B", 'C'}, Case{"B", "P", 'A'}, Case{"A", "BC", '-'}, Case{"B", "B", 'C'}}) {
         SCOPED_TRACE(std::string(c.focused) + "/" + c.hidden);
-        TestScreen* screen = Build(c_fields);
-        ASSERT_NE(screen, nullptr);
+        TestScreen* screen = Build(R"(<Control class="EditTextCtrl" name="A"/><Control class="EditTextCtrl" name="B"/>
+            <Control class="PanelCtrl" name="P"><Control class="EditTextCtrl" name="C"/></Control>)");
         for (const char* h = c.hidden; *h; ++h)
-            Named(screen, *h == 'X' ? "Box" : std::string(1, *h).c_str())->Show(false);
+            Named(screen, std::string(1, *h).c_str())->Show(false);
         wxCommandEvent focus;
         if (*c.focused)
-            Named<EditTextCtrl>(screen, c.focused)->OnEditTextSetFocus(focus);
+            dynamic_cast<EditTextCtrl*>(Named(screen, c.focused))->OnEditTextSetFocus(focus);
         EditTextCtrl* next = screen->NextTabField();
         EXPECT_EQ(next ? char(next->GetName()[0]) : '-', c.next);
         screen->Destroy();
     }
 }
 
-TEST_F(ScreenTest, WorkerJobRunsOnceAndLeavesEditDisabled)
-{
-    WorkScreen::s_updates = 0;
-    TestScreen* plain = Build(c_buttons);
-    plain->ScreenSlideEnter();
-    EXPECT_EQ(WorkScreen::s_updates, 0) << "a screen without a worker starts no job";
+// Buttons O(K) and E(dit), the progress panel with child P, and the list.
+const char* const c_workerScreen = R"(<Control class="ButtonCtrl" name="O" id="ID_OK"/>
+    <Control class="ButtonCtrl" name="E" id="ID_EDIT"/><Control class="PanelCtrl" name="ProgressPanel">
+    <Control class="PanelCtrl" name="P"/></Control><Control class="PanelCtrl" name="List"/>)";
 
-    WorkScreen* screen = Build<WorkScreen>(c_worker);
-    ASSERT_NE(screen, nullptr);
+TEST_F(ScreenTest, WorkerJobRunsOnceAndEndsWithEditDisabled)
+{
+    TestScreen* screen = Build(c_workerScreen);
     screen->ScreenSlideEnter();
-    EXPECT_FALSE(Named(screen, "Ok")->IsEnabled());
-    EXPECT_FALSE(Named(screen, "Edit")->IsEnabled());
-    EXPECT_TRUE(Named(screen, "Spinner")->IsShown());
+    EXPECT_FALSE(Named(screen, "E")->IsEnabled());
+    EXPECT_TRUE(Named(screen, "P")->IsShown());
     EXPECT_FALSE(Named(screen, "List")->IsShown());
     screen->entered.Wait();
     screen->ScreenSlideEnter();
@@ -278,30 +188,22 @@ TEST_F(ScreenTest, WorkerJobRunsOnceAndLeavesEditDisabled)
     while (screen->IsBusy())
         std::this_thread::yield();
     wxTheApp->ProcessPendingEvents();
-
-    EXPECT_EQ(screen->jobs, 1) << "entering again while the job runs starts no second job";
-    EXPECT_TRUE(Named(screen, "Ok")->IsEnabled());
-    EXPECT_TRUE(Named(screen, "Cancel")->IsEnabled());
-    EXPECT_FALSE(Named(screen, "Edit")->IsEnabled());
-    EXPECT_FALSE(Named(screen, "ProgressPanel")->IsShown());
-    EXPECT_FALSE(Named(screen, "Spinner")->IsShown());
+    EXPECT_EQ(g_journal, (std::vector<std::string>{"job", "finished"})) << "entering while the job runs starts none";
+    EXPECT_TRUE(Named(screen, "O")->IsEnabled());
+    EXPECT_FALSE(Named(screen, "E")->IsEnabled());
+    EXPECT_FALSE(Named(screen, "P")->IsShown());
     EXPECT_TRUE(Named(screen, "List")->IsShown());
 }
 
 TEST_F(ScreenTest, EventsOfADestroyedScreenReachNobody)
 {
-    for (int round = 0; round < 10; ++round) {
-        WorkScreen* screen = Build<WorkScreen>(c_worker);
-        ASSERT_NE(screen, nullptr);
-        screen->gate.Set();
-        screen->ScreenSlideEnter();
-        screen->entered.Wait();
-        WorkScreen::s_updates = 0;
-        // Its job may still run, and its events wait in the queue.
-        screen->Destroy();
-        wxTheApp->ProcessPendingEvents();
-        EXPECT_EQ(WorkScreen::s_updates, 0);
-    }
+    TestScreen* screen = Build(c_workerScreen);
+    screen->ScreenSlideEnter();
+    screen->entered.Wait();
+    screen->gate.Set();
+    screen->Destroy();
+    wxTheApp->ProcessPendingEvents();
+    EXPECT_EQ(g_journal, std::vector<std::string>{"job"});
 }
 
 } // namespace screentest
