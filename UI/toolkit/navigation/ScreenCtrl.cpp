@@ -12,8 +12,8 @@ namespace UIKit {
 
 namespace {
 
-// Lists are recognised by the class their description names, which keeps
-// screens independent of the list control's header.
+// Lists are recognised by the class their description names: finding one
+// to hand it the focus or the wheel needs nothing of the list control.
 Control* asList(wxWindow* window)
 {
     auto* control = dynamic_cast<Control*>(window);
@@ -28,21 +28,21 @@ EditTextCtrl* asField(wxWindow* window)
 
 // The matching descendants depth first in child order; a match's own
 // children are not searched.
-template <class Match>
-void collect(wxWindow* parent, Match match, std::vector<decltype(match(parent))>& out)
+template <class T>
+void collect(wxWindow* parent, T* (*match)(wxWindow*), std::vector<T*>& out)
 {
     for (wxWindow* child : parent->GetChildren()) {
-        if (auto* found = match(child))
+        if (T* found = match(child))
             out.push_back(found);
         else
             collect(child, match, out);
     }
 }
 
-template <class Match>
-std::vector<decltype(std::declval<Match>()(nullptr))> collectAll(wxWindow* parent, Match match)
+template <class T>
+std::vector<T*> collect(wxWindow* parent, T* (*match)(wxWindow*))
 {
-    std::vector<decltype(match(nullptr))> out;
+    std::vector<T*> out;
     collect(parent, match, out);
     return out;
 }
@@ -231,7 +231,7 @@ void ScreenCtrl::OnEsc(wxCommandEvent&)
 
 EditTextCtrl* ScreenCtrl::NextTabField()
 {
-    const auto fields = collectAll(this, asField);
+    const auto fields = collect(this, asField);
     size_t focused = 0;
     while (focused < fields.size() && !fields[focused]->HasFocus())
         ++focused;
@@ -254,17 +254,24 @@ void ScreenCtrl::OnTab(wxCommandEvent&)
     }
 }
 
-void ScreenCtrl::OnSetFocus(wxFocusEvent&)
+wxWindow* ScreenCtrl::focusTarget()
 {
     auto* search = Util::FindControl<EditTextCtrl>(this, L"SearchText", true);
     if (search && search->IsShown())
-        return search->SetFocus();
-    for (Control* list : collectAll(this, asList))
+        return search;
+    for (Control* list : collect(this, asList))
         if (isVisible(list))
-            return list->SetFocus();
-    for (EditTextCtrl* field : collectAll(this, asField))
+            return list;
+    for (EditTextCtrl* field : collect(this, asField))
         if (isVisible(field))
-            return field->SetFocus();
+            return field;
+    return nullptr;
+}
+
+void ScreenCtrl::OnSetFocus(wxFocusEvent&)
+{
+    if (wxWindow* target = focusTarget())
+        target->SetFocus();
 }
 
 void ScreenCtrl::OnMouseWheel(wxMouseEvent& event)

@@ -72,6 +72,9 @@ private:
     ButtonCtrl* usableButton(int id);
     // Shown, and every window between it and the screen shown as well.
     bool isVisible(const wxWindow* window) const;
+    // Where the screen's focus goes: the search field, else the first
+    // visible list, else the first visible text field; null for nobody.
+    wxWindow* focusTarget();
     template <class Call>
     void withWaitCursor(Call call);
     void onOtherButton(wxCommandEvent& event) { DoEvent(event.GetId()); }
