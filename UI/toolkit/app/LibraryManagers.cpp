@@ -28,6 +28,7 @@
 #include "module/SingletonTable.h"
 #include "navigation/EventManager.h"
 #include "navigation/HotkeysManager.h"
+#include "navigation/ScreenManager.h"
 #include "navigation/SequenceManager.h"
 #include "navigation/ShortcutManager.h"
 #include "navigation/TransitionManager.h"
@@ -43,6 +44,7 @@ UIKIT_SINGLETON_SLOT(UIKit::HotkeysManager)
 UIKIT_SINGLETON_SLOT(UIKit::TransitionManager)
 UIKIT_SINGLETON_SLOT(UIKit::SequenceManager)
 UIKIT_SINGLETON_SLOT(UIKit::ShortcutManager)
+UIKIT_SINGLETON_SLOT(UIKit::ScreenManager)
 
 namespace UIKit {
 
@@ -61,6 +63,7 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<TransitionManager>("TransitionManager", 10, 6),
         SingletonTable::Entry<SequenceManager>("SequenceManager", 11, 7),
         SingletonTable::Entry<ShortcutManager>("ShortcutManager", 13, 9),
+        SingletonTable::Entry<ScreenManager>("ScreenManager", 12, 8),
     });
     return table;
 }
