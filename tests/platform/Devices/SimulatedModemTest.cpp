@@ -150,7 +150,8 @@ TEST(SimulatedModem, TwoModemsAskWhileTheTestThreadAnswers)
         run.recorder->Give("A", code("1357"));
         while (!run.recorder->WaitFor("lost", 2, 0)) {
             // Readings and requests from this thread while the modems run.
-            EXPECT_LE(a->GetInfo().bytesSent, a->GetInfo().bytesReceived);
+            const auto info = a->GetInfo();
+            EXPECT_LE(info.bytesSent, info.bytesReceived);
             b->GetConnectionTime();
             a->Disconnect(Devices::DisconnectByUser);
             std::this_thread::yield();
