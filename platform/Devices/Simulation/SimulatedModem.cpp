@@ -290,7 +290,10 @@ void SimulatedModem::unlock(uint64_t giveUpMs)
     publish([&](DeviceInfo& i) {
         i.lock = m_pinLeft ? LockSimPin : LockSimPuk;
         i.state = DeviceStateLocked;
+        i.pinAttempts = m_script.attemptsKnown ? m_pinLeft : c_attemptsUnknown;
+        i.pukAttempts = m_script.attemptsKnown ? m_pukLeft : c_attemptsUnknown;
     });
+    const auto cancel = [this] { notify([](DeviceEvent& l, Device& d) { l.OnPinPukCodeRequestCancelled(d); }); };
     bool retry = false;
     for (;;) {
         bool puk;
@@ -301,27 +304,22 @@ void SimulatedModem::unlock(uint64_t giveUpMs)
                 return;
         }
         bool answered = false, stop = false;
-        if (halted() || !askCode(puk, retry, answered, stop)) {
-            notify([](DeviceEvent& l, Device& d) { l.OnPinPukCodeRequestCancelled(d); });
-            return;
-        }
+        if (halted() || !askCode(puk, retry, answered, stop))
+            return cancel();
         if (stop) {
             TK_LOG(Toolkit::LogInfo) << "simulated modem " << m_script.label << ": code request stopped";
             return;
         }
         if (answered) {
-            retry = true;
+            retry = true; // until the next code, the last one stands refused
             continue;
         }
         if (deadline && Toolkit::GetTickCount() >= deadline) {
             TK_LOG(Toolkit::LogInfo) << "simulated modem " << m_script.label << ": code request given up";
-            notify([](DeviceEvent& l, Device& d) { l.OnPinPukCodeRequestCancelled(d); });
-            return;
+            return cancel();
         }
-        if (!pause(c_repeatMs)) {
-            notify([](DeviceEvent& l, Device& d) { l.OnPinPukCodeRequestCancelled(d); });
-            return;
-        }
+        if (!pause(c_repeatMs))
+            return cancel();
     }
 }
 

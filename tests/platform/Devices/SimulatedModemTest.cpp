@@ -91,7 +91,7 @@ TEST(SimulatedModem, DeviceVanishingDuringARequestFailsCleanly)
         SCOPED_TRACE(c.script);
         auto run = std::make_unique<SimulationRun>(std::string("A modem name=A pin=7391\nA plug\n") + c.script);
         ASSERT_TRUE(run->recorder->WaitFor("pin A"));
-        const auto device = run->Find("A");
+        const auto device = run->recorder->Found("A");
         ASSERT_TRUE(device);
         const auto network = device->GetNetworkManager();
         ASSERT_TRUE(network);
@@ -144,7 +144,7 @@ TEST(SimulatedModem, TwoModemsAskWhileTheTestThreadAnswers)
         SimulationRun run(script("A", "1357", "356938035643809") + script("B", "2468", "490154203237518"));
         ASSERT_TRUE(run.recorder->WaitFor("pin A 3"));
         ASSERT_TRUE(run.recorder->WaitFor("pin B 3"));
-        const auto a = run.Find("A"), b = run.Find("B");
+        const auto a = run.recorder->Found("A"), b = run.recorder->Found("B");
         ASSERT_TRUE(a && b);
         run.recorder->Give("B", code("2468"));
         run.recorder->Give("A", code("1357"));

@@ -52,7 +52,20 @@ public:
         m_answers[device].push_back(std::move(a));
     }
 
-    void OnDeviceFound(Devices::Device& d) override { add("found " + name(d)); }
+    // The device last found under this name, kept from the moment it came.
+    Toolkit::smart_ptr<Devices::Device> Found(const std::string& device)
+    {
+        std::lock_guard l(m_mutex);
+        return m_found[device];
+    }
+
+    void OnDeviceFound(Devices::Device& d) override
+    {
+        auto device = Devices::DeviceManager::GetDevice(d.GetId());
+        std::lock_guard l(m_mutex);
+        m_found[name(d)] = device;
+        addLocked("found " + name(d));
+    }
     // With the lock kind the device had when it went.
     void OnDeviceLost(Devices::Device& d) override
     {
@@ -116,6 +129,7 @@ private:
     std::condition_variable m_changed;
     std::vector<std::string> m_entries;
     std::map<std::string, std::deque<Answer>> m_answers;
+    std::map<std::string, Toolkit::smart_ptr<Devices::Device>> m_found;
 };
 
 // Plays a scenario text from construction to destruction.
@@ -138,16 +152,6 @@ public:
         Detection::DiscoveryControl::SetSource({});
         Devices::DeviceManager::SetBackend({});
     }
-    Toolkit::smart_ptr<Devices::Device> Find(const std::string& name)
-    {
-        Devices::DeviceManager::DeviceMap devices;
-        Devices::DeviceManager::GetDevicesMap(devices);
-        for (const auto& [id, d] : devices)
-            if (d->GetName() == std::wstring(name.begin(), name.end()))
-                return d;
-        return {};
-    }
-
     testsupport::FakeClock clock;
     Toolkit::smart_ptr<Recorder> recorder;
     Toolkit::smart_ptr<Devices::Simulation::ScenarioBackend> backend;
