@@ -1,5 +1,6 @@
 #include "Devices/Simulation/ScenarioParser.h"
 
+#include "Devices/Simulation/ScenarioWords.h"
 #include "Toolkit/ILogger.h"
 #include "Toolkit/UTF8.h"
 
@@ -12,160 +13,10 @@
 namespace Devices::Simulation {
 namespace {
 
+using namespace ScenarioWords;
+
 // Scenario files are small; anything larger is not one.
 constexpr std::streamoff c_maxFileSize = 1 << 20;
-
-struct Token {
-    std::string key;   // empty for a positional word
-    std::string value;
-};
-
-// Words separated by blanks; key=value pairs; "quoted text" in which a
-// backslash keeps the next character as it is; # starts a comment outside
-// quotes. False on an open quote.
-bool tokenize(const std::string& line, std::vector<Token>& tokens)
-{
-    size_t i = 0;
-    const size_t n = line.size();
-    while (i < n) {
-        while (i < n && (line[i] == ' ' || line[i] == '\t' || line[i] == '\r'))
-            ++i;
-        if (i >= n || line[i] == '#')
-            return true;
-        Token t;
-        std::string* out = &t.value;
-        bool quoted = false;
-        for (; i < n; ++i) {
-            const char c = line[i];
-            if (quoted) {
-                if (c == '\\' && i + 1 < n)
-                    *out += line[++i];
-                else if (c == '"')
-                    quoted = false;
-                else
-                    *out += c;
-            } else if (c == '"') {
-                quoted = true;
-            } else if (c == ' ' || c == '\t' || c == '\r' || c == '#') {
-                break;
-            } else if (c == '=' && out == &t.value && t.key.empty()) {
-                t.key = t.value;
-                t.value.clear();
-            } else {
-                *out += c;
-            }
-        }
-        if (quoted)
-            return false;
-        tokens.push_back(std::move(t));
-    }
-    return true;
-}
-
-bool parseNumber(const std::string& s, unsigned long max, unsigned int& out)
-{
-    if (s.empty() || s.size() > 10 || s.find_first_not_of("0123456789") != std::string::npos)
-        return false;
-    const unsigned long v = std::strtoul(s.c_str(), nullptr, 10);
-    if (v > max)
-        return false;
-    out = unsigned(v);
-    return true;
-}
-
-// "500ms", "2s", "1.5s", "1min".
-bool parseDuration(const std::string& s, uint64_t& ms)
-{
-    const size_t unit = s.find_first_not_of("0123456789.");
-    if (unit == 0 || unit == std::string::npos || s.size() > 16)
-        return false;
-    const std::string number = s.substr(0, unit), suffix = s.substr(unit);
-    if (number.find('.') != number.rfind('.') || number.back() == '.')
-        return false;
-    const double v = std::strtod(number.c_str(), nullptr);
-    static const std::map<std::string, double> scale{{"ms", 1}, {"s", 1000}, {"min", 60000}};
-    const auto it = scale.find(suffix);
-    if (it == scale.end())
-        return false;
-    ms = uint64_t(v * it->second);
-    return true;
-}
-
-bool parseInitStep(const std::string& s, InitializationStep& step)
-{
-    static const std::map<std::string, InitializationStep> names{
-        {"opened", InitStepPortOpened},   {"identified", InitStepIdentified},
-        {"sim", InitStepSimDetected},     {"unlocked", InitStepSimUnlocked},
-        {"radio", InitStepRadioChecked},  {"features", InitStepFeaturesRead},
-        {"completed", InitStepCompleted}, {"radio-off", InitStepRadioHardwareOff},
-        {"sim-missing", InitStepSimMissing}, {"sim-failure", InitStepSimFailure}};
-    const auto it = names.find(s);
-    unsigned int n = 0;
-    if (it != names.end())
-        step = it->second;
-    else if (parseNumber(s, InitStepSimFailure, n))
-        step = InitializationStep(n);
-    else
-        return false;
-    return true;
-}
-
-bool parseTech(const std::string& s, unsigned int& tech)
-{
-    static const std::map<std::string, unsigned int> names{
-        {"gsm", AccessGsm},   {"gprs", AccessGprs},   {"edge", AccessEdge},       {"umts", AccessUmts},
-        {"hsdpa", AccessHsdpa}, {"hspa", AccessHspa}, {"hspa+", AccessHspaPlus}, {"lte", AccessLte},
-        {"5g", Access5gNr}};
-    const auto it = names.find(s);
-    if (it == names.end())
-        return false;
-    tech = it->second;
-    return true;
-}
-
-bool parseFeatures(const std::string& s, unsigned int& features)
-{
-    static const std::map<std::string, unsigned int> names{
-        {"data", FeatureData}, {"sms", FeatureSms},         {"voice", FeatureVoice},
-        {"ussd", FeatureUssd}, {"contacts", FeatureContacts}, {"location", FeatureLocation},
-        {"none", FeatureNone}};
-    features = 0;
-    for (const auto& word : TString<char>(s).Split(",")) {
-        const auto it = names.find(word);
-        if (it == names.end())
-            return false;
-        features |= it->second;
-    }
-    return true;
-}
-
-bool parseOnOff(const std::string& s, bool& on)
-{
-    if (s != "on" && s != "off")
-        return false;
-    on = s == "on";
-    return true;
-}
-
-bool isDigits(const std::string& s, size_t min, size_t max)
-{
-    return s.size() >= min && s.size() <= max && s.find_first_not_of("0123456789") == std::string::npos;
-}
-
-// A word of the file as it may appear in a cause: numbers are left out,
-// since a misplaced SIM code would otherwise reach the log.
-std::string shown(const std::string& word)
-{
-    return word.find_first_not_of("0123456789") == std::string::npos ? std::string("(a number)") : word;
-}
-
-unsigned long long stableId(const std::string& key)
-{
-    unsigned long long h = 1469598103934665603ull; // FNV-1a
-    for (const unsigned char c : key)
-        h = (h ^ c) * 1099511628211ull;
-    return h ? h : 1;
-}
 
 // The arguments of one line: positional words in order, options by key.
 // Every option must be used by the action; the first one left over is the
@@ -213,7 +64,7 @@ Cause giveUp(Arguments& a, ScenarioStep& s)
     std::string v;
     if (!a.Words().empty())
         return "expected only giveup=DURATION";
-    if (a.Take("giveup", v) && !parseDuration(v, s.duration))
+    if (a.Take("giveup", v) && !ParseDuration(v, s.duration))
         return "giveup expects a duration such as 500ms or 2s";
     return {};
 }
@@ -225,10 +76,10 @@ Cause readRegister(Arguments& a, ScenarioStep& s)
         return "register expects operator=NAME";
     s.text = Toolkit::UTF8::ToUNICODE(v);
     s.number = AccessUmts;
-    if (a.Take("tech", v) && !parseTech(v, s.number))
+    if (a.Take("tech", v) && !ParseTech(v, s.number))
         return "tech expects gsm, gprs, edge, umts, hsdpa, hspa, hspa+, lte or 5g";
     s.number2 = 60;
-    if (a.Take("signal", v) && !parseNumber(v, 100, s.number2))
+    if (a.Take("signal", v) && !ParseNumber(v, 100, s.number2))
         return "signal expects a percentage from 0 to 100";
     for (const auto& w : a.Words()) {
         if (w != "roaming")
@@ -242,7 +93,7 @@ Cause readTraffic(Arguments& a, ScenarioStep& s)
 {
     std::string up, down;
     if (!a.Words().empty() || !a.Take("up", up) || !a.Take("down", down) ||
-        !parseNumber(up, 1ul << 30, s.number) || !parseNumber(down, 1ul << 30, s.number2))
+        !ParseNumber(up, 1ul << 30, s.number) || !ParseNumber(down, 1ul << 30, s.number2))
         return "traffic expects up=BYTES down=BYTES (per second)";
     return {};
 }
@@ -266,12 +117,12 @@ const std::map<std::string, std::pair<StepKind, StepReader>>& stepReaders()
         {"register", {StepKind::Register, readRegister}},
         {"traffic", {StepKind::Traffic, readTraffic}},
         {"wait", {StepKind::Wait, [](Arguments& a, ScenarioStep& s) {
-             return oneWord(a, "a duration such as 500ms or 2s", [&](const std::string& w) { return parseDuration(w, s.duration); });
+             return oneWord(a, "a duration such as 500ms or 2s", [&](const std::string& w) { return ParseDuration(w, s.duration); });
          }}},
         {"init", {StepKind::Init, [](Arguments& a, ScenarioStep& s) {
              for (const auto& w : a.Words()) {
                  InitializationStep step;
-                 if (!parseInitStep(w, step))
+                 if (!ParseInitStep(w, step))
                      return Cause("init expects step names (opened, identified, sim, unlocked, radio, features, completed) or numbers 0 to 9");
                  s.initSteps.push_back(step);
              }
@@ -284,7 +135,7 @@ const std::map<std::string, std::pair<StepKind, StepReader>>& stepReaders()
              });
          }}},
         {"signal", {StepKind::Signal, [](Arguments& a, ScenarioStep& s) {
-             return oneWord(a, "a percentage from 0 to 100", [&](const std::string& w) { return parseNumber(w, 100, s.number); });
+             return oneWord(a, "a percentage from 0 to 100", [&](const std::string& w) { return ParseNumber(w, 100, s.number); });
          }}},
         {"operator", {StepKind::Operator, [](Arguments& a, ScenarioStep& s) {
              return oneWord(a, "an operator name", [&](const std::string& w) {
@@ -293,13 +144,13 @@ const std::map<std::string, std::pair<StepKind, StepReader>>& stepReaders()
              });
          }}},
         {"roaming", {StepKind::Roaming, [](Arguments& a, ScenarioStep& s) {
-             return oneWord(a, "on or off", [&](const std::string& w) { return parseOnOff(w, s.flag); });
+             return oneWord(a, "on or off", [&](const std::string& w) { return ParseOnOff(w, s.flag); });
          }}},
         {"tech", {StepKind::Tech, [](Arguments& a, ScenarioStep& s) {
-             return oneWord(a, "gsm, gprs, edge, umts, hsdpa, hspa, hspa+, lte or 5g", [&](const std::string& w) { return parseTech(w, s.number); });
+             return oneWord(a, "gsm, gprs, edge, umts, hsdpa, hspa, hspa+, lte or 5g", [&](const std::string& w) { return ParseTech(w, s.number); });
          }}},
         {"features", {StepKind::Features, [](Arguments& a, ScenarioStep& s) {
-             return oneWord(a, "features such as data,sms", [&](const std::string& w) { return parseFeatures(w, s.number); });
+             return oneWord(a, "features such as data,sms", [&](const std::string& w) { return ParseFeatures(w, s.number); });
          }}},
         {"error", {StepKind::Error, [](Arguments& a, ScenarioStep& s) {
              return oneWord(a, "a message in quotes", [&](const std::string& w) {
@@ -320,7 +171,7 @@ Cause readAttempts(Arguments& a, const char* key, unsigned int& attempts, bool& 
         known = false;
         return {};
     }
-    if (!parseNumber(v, 99, attempts) || attempts == 0)
+    if (!ParseNumber(v, 99, attempts) || attempts == 0)
         return std::string(key) + " expects a number from 1 to 99 or unknown";
     return {};
 }
@@ -337,7 +188,7 @@ Cause readModem(Arguments& a, ModemScript& m)
     if (a.Take("model", v))
         m.info.model = Toolkit::UTF8::ToUNICODE(v);
     if (a.Take("imei", v)) {
-        if (!isDigits(v, 15, 15))
+        if (!IsDigits(v, 15, 15))
             return "imei expects 15 digits";
         m.info.imei = v;
     }
@@ -345,12 +196,12 @@ Cause readModem(Arguments& a, ModemScript& m)
     if (a.Take("port", v))
         m.info.port = v;
     if (a.Take("pin", v)) {
-        if (!isDigits(v, 4, 8))
+        if (!IsDigits(v, 4, 8))
             return "pin expects 4 to 8 digits";
         m.pin = v;
     }
     if (a.Take("puk", v)) {
-        if (!isDigits(v, 8, 8))
+        if (!IsDigits(v, 8, 8))
             return "puk expects 8 digits";
         m.puk = v;
     }
@@ -359,11 +210,11 @@ Cause readModem(Arguments& a, ModemScript& m)
     if (auto c = readAttempts(a, "puk-attempts", m.pukAttempts, m.attemptsKnown); !c.empty())
         return c;
     m.info.features = FeatureData | FeatureSms;
-    if (a.Take("features", v) && !parseFeatures(v, m.info.features))
+    if (a.Take("features", v) && !ParseFeatures(v, m.info.features))
         return "features expects names such as data,sms";
     if (m.info.name.empty())
         m.info.name = Toolkit::UTF8::ToUNICODE(m.label);
-    m.id = stableId(m.info.imei.empty() ? "label:" + m.label : "imei:" + m.info.imei);
+    m.id = StableId(m.info.imei.empty() ? "label:" + m.label : "imei:" + m.info.imei);
     return {};
 }
 
@@ -374,7 +225,7 @@ Cause readGhost(Arguments& a, ModemScript& m)
         return "ghost takes only name=TEXT";
     m.ghost = true;
     m.info.name = Toolkit::UTF8::ToUNICODE(a.Take("name", v) ? v : m.label);
-    m.id = stableId("ghost:" + m.label);
+    m.id = StableId("ghost:" + m.label);
     return {};
 }
 
@@ -403,7 +254,7 @@ private:
     Cause read(unsigned int number, const std::string& text)
     {
         std::vector<Token> tokens;
-        if (!tokenize(text, tokens))
+        if (!Tokenize(text, tokens))
             return "a quoted text is not closed";
         if (tokens.empty())
             return {};
@@ -414,14 +265,14 @@ private:
         Cause cause = action == "modem" || action == "ghost" ? declare(number, label, action, args)
                                                              : step(number, label, action, args);
         if (cause.empty() && !args.Leftover().empty())
-            cause = "unknown option " + shown(args.Leftover()) + " for " + shown(action);
+            cause = "unknown option " + Shown(args.Leftover()) + " for " + Shown(action);
         return cause;
     }
 
     Cause declare(unsigned int number, const std::string& label, const std::string& action, Arguments& args)
     {
         if (find(label))
-            return shown(label) + " is declared twice";
+            return Shown(label) + " is declared twice";
         ModemScript m;
         m.label = label;
         m.line = number;
@@ -435,10 +286,10 @@ private:
     {
         ModemScript* m = find(label);
         if (!m)
-            return shown(label) + " is not declared (a modem or ghost line comes first)";
+            return Shown(label) + " is not declared (a modem or ghost line comes first)";
         const auto it = stepReaders().find(action);
         if (it == stepReaders().end())
-            return "unknown action " + shown(action);
+            return "unknown action " + Shown(action);
         if (m->ghost && it->second.first != StepKind::Plug && it->second.first != StepKind::Pull &&
             it->second.first != StepKind::Wait)
             return "a ghost only takes plug, pull and wait";
