@@ -8,21 +8,10 @@
 #include <thread>
 
 namespace Devices::Simulation {
-namespace {
-
-// Overwrites a code before its memory is given back.
-void wipe(TString<char>& code)
-{
-    std::fill(code.begin(), code.end(), '\0');
-    code.clear();
-}
-
-} // namespace
 
 SimulatedModem::SimulatedModem(const ModemScript& script, unsigned int features,
                                Toolkit::smart_ptr<Detection::DiscoveryEvent> sink)
-    : m_script(script), m_sink(std::move(sink)), m_info(script.info), m_pinLeft(script.pinAttempts),
-      m_pukLeft(script.pukAttempts), m_pin(script.pin)
+    : m_script(script), m_sink(std::move(sink)), m_info(script.info), m_sim(script)
 {
     m_info.features &= features;
 }
@@ -31,7 +20,6 @@ SimulatedModem::~SimulatedModem()
 {
     Halt();
     Join();
-    wipe(m_pin);
 }
 
 void SimulatedModem::Halt()
@@ -219,7 +207,7 @@ void SimulatedModem::plug()
         m_plugged = true;
         m_released = false;
         m_info.state = DeviceStateInitializing;
-        m_info.lock = m_pin.empty() ? LockNone : LockUnknown;
+        m_info.lock = m_sim.HasPin() ? LockUnknown : LockNone;
     }
     TK_LOG(Toolkit::LogInfo) << "simulated modem " << m_script.label << " plugged in";
     // The manager opens the device (Open below) before this returns.
@@ -284,15 +272,19 @@ void SimulatedModem::init(const std::vector<InitializationStep>& steps)
 
 void SimulatedModem::unlock(uint64_t giveUpMs)
 {
-    if (m_script.pin.empty())
-        return;
     const uint64_t deadline = giveUpMs ? Toolkit::GetTickCount() + giveUpMs : 0;
+    bool locked = false;
     publish([&](DeviceInfo& i) {
-        i.lock = m_pinLeft ? LockSimPin : LockSimPuk;
+        locked = m_sim.HasPin() && !m_sim.IsBlocked();
+        if (!locked)
+            return;
+        i.lock = m_sim.Waits();
         i.state = DeviceStateLocked;
-        i.pinAttempts = m_script.attemptsKnown ? m_pinLeft : c_attemptsUnknown;
-        i.pukAttempts = m_script.attemptsKnown ? m_pukLeft : c_attemptsUnknown;
+        i.pinAttempts = m_sim.PinAttempts();
+        i.pukAttempts = m_sim.PukAttempts();
     });
+    if (!locked)
+        return;
     const auto cancel = [this] { notify([](DeviceEvent& l, Device& d) { l.OnPinPukCodeRequestCancelled(d); }); };
     bool retry = false;
     for (;;) {
@@ -327,56 +319,45 @@ void SimulatedModem::unlock(uint64_t giveUpMs)
 // False when the device is gone; answered when a code came, right or not.
 bool SimulatedModem::askCode(bool puk, bool retry, bool& answered, bool& stop)
 {
-    const unsigned int shownPin = m_script.attemptsKnown ? m_pinLeft : c_attemptsUnknown;
-    const unsigned int shownPuk = m_script.attemptsKnown ? m_pukLeft : c_attemptsUnknown;
+    unsigned int pinAttempts, pukAttempts;
+    {
+        Toolkit::MutexLocker lock(m_lock);
+        pinAttempts = m_sim.PinAttempts();
+        pukAttempts = m_sim.PukAttempts();
+    }
     TString<char> code, newPin;
     const bool present = notify([&](DeviceEvent& l, Device& d) {
         if (!code.empty() || stop)
             return; // an earlier listener answered
         if (puk)
-            l.OnPukCodeRequested(d, SecurityCodeSimPuk, shownPuk, code, newPin, retry, stop);
+            l.OnPukCodeRequested(d, SecurityCodeSimPuk, pukAttempts, code, newPin, retry, stop);
         else
-            l.OnPinCodeRequested(d, SecurityCodeSimPin, shownPin, code, retry, stop);
+            l.OnPinCodeRequested(d, SecurityCodeSimPin, pinAttempts, code, retry, stop);
     });
-    if (!present)
-        return false;
-    answered = !code.empty();
-    if (!answered || stop) {
-        wipe(code);
-        wipe(newPin);
-        return true;
-    }
-    bool right;
-    {
+    answered = present && !code.empty() && !stop;
+    bool right = false;
+    if (answered) {
         Toolkit::MutexLocker lock(m_lock);
-        right = puk ? code == m_script.puk && !newPin.empty() : code == m_pin;
-        if (right && puk)
-            m_pin = newPin;
-        unsigned int& left = puk ? m_pukLeft : m_pinLeft;
-        if (right) {
-            m_pinLeft = m_script.pinAttempts;
-            m_pukLeft = m_script.pukAttempts;
-        } else if (left > 0) {
-            --left;
-        }
+        right = m_sim.Try(puk, code, newPin);
     }
-    wipe(code);
-    wipe(newPin);
+    SimCard::Wipe(code);
+    SimCard::Wipe(newPin);
+    if (!answered)
+        return present;
     TK_LOG(Toolkit::LogInfo) << "simulated modem " << m_script.label << ": " << (puk ? "PUK " : "PIN ")
                              << (right ? "accepted" : "refused");
+    bool blocked = false;
     publish([&](DeviceInfo& i) {
-        i.pinAttempts = shownPin == c_attemptsUnknown ? c_attemptsUnknown : m_pinLeft;
-        i.pukAttempts = shownPuk == c_attemptsUnknown ? c_attemptsUnknown : m_pukLeft;
-        if (right) {
-            i.lock = LockNone;
+        i.pinAttempts = m_sim.PinAttempts();
+        i.pukAttempts = m_sim.PukAttempts();
+        blocked = m_sim.IsBlocked();
+        i.lock = right ? LockNone : m_sim.Waits();
+        if (right)
             i.state = DeviceStateDisabled;
-        } else if (m_pukLeft == 0) {
-            i.state = DeviceStateFailed; // the SIM is blocked for good
-        } else if (m_pinLeft == 0) {
-            i.lock = LockSimPuk;
-        }
+        else if (blocked)
+            i.state = DeviceStateFailed;
     });
-    if (!right && m_pukLeft == 0)
+    if (blocked)
         init({InitStepSimFailure});
     notify([](DeviceEvent& l, Device& d) { l.OnDeviceInformationUpdated(d); });
     return true;

@@ -12,6 +12,7 @@
 #include "Devices/Device.h"
 #include "Devices/DeviceDriver.h"
 #include "Devices/Simulation/Scenario.h"
+#include "Devices/Simulation/SimCard.h"
 #include "Toolkit/EventObject.h"
 #include "Toolkit/Mutex.h"
 #include "Toolkit/Thread.h"
@@ -85,9 +86,7 @@ private:
     bool m_released = false;
     bool m_refresh = false;
     Request m_request = Request::None;
-    unsigned int m_pinLeft;
-    unsigned int m_pukLeft;
-    TString<char> m_pin;           // the SIM's current PIN (a PUK exchange changes it)
+    SimCard m_sim;
     unsigned int m_upRate = 0;     // bytes per second while connected
     unsigned int m_downRate = 0;
     uint64_t m_lastTraffic = 0;
