@@ -26,6 +26,12 @@
 #include "app/SingleApplicationInstance.h"
 #include "module/SingletonSlot.h"
 #include "module/SingletonTable.h"
+#include "navigation/EventManager.h"
+#include "navigation/HotkeysManager.h"
+#include "navigation/ScreenManager.h"
+#include "navigation/SequenceManager.h"
+#include "navigation/ShortcutManager.h"
+#include "navigation/TransitionManager.h"
 
 UIKIT_SINGLETON_SLOT(UIKit::SingleApplicationInstance)
 UIKIT_SINGLETON_SLOT(UIKit::AppController)
@@ -33,6 +39,12 @@ UIKIT_SINGLETON_SLOT(UIKit::Appearance)
 UIKIT_SINGLETON_SLOT(UIKit::ConfDataFile)
 UIKIT_SINGLETON_SLOT(UIKit::CtrlFactory)
 UIKIT_SINGLETON_SLOT(UIKit::TemplateManager)
+UIKIT_SINGLETON_SLOT(UIKit::EventManager)
+UIKIT_SINGLETON_SLOT(UIKit::HotkeysManager)
+UIKIT_SINGLETON_SLOT(UIKit::TransitionManager)
+UIKIT_SINGLETON_SLOT(UIKit::SequenceManager)
+UIKIT_SINGLETON_SLOT(UIKit::ShortcutManager)
+UIKIT_SINGLETON_SLOT(UIKit::ScreenManager)
 
 namespace UIKit {
 
@@ -46,6 +58,12 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<ConfDataFile>("ConfDataFile", 4, 12),
         SingletonTable::Entry<CtrlFactory>("CtrlFactory", 6, 2),
         SingletonTable::Entry<TemplateManager>("TemplateManager", 7, 3),
+        SingletonTable::Entry<EventManager>("EventManager", 8, 5),
+        SingletonTable::Entry<HotkeysManager>("HotkeysManager", 9, 4),
+        SingletonTable::Entry<TransitionManager>("TransitionManager", 10, 6),
+        SingletonTable::Entry<SequenceManager>("SequenceManager", 11, 7),
+        SingletonTable::Entry<ShortcutManager>("ShortcutManager", 13, 9),
+        SingletonTable::Entry<ScreenManager>("ScreenManager", 12, 8),
     });
     return table;
 }

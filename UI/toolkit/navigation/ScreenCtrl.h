@@ -1,0 +1,93 @@
+#pragma once
+#include "module/Export.h"
+// One full page of the interface, shown in the dashboard's placeholder. It
+// turns button clicks into navigation events, gives OK and Cancel to its
+// delegate and Add, Delete and Edit to its data source (by default the
+// screen itself is both), moves the keyboard focus between its text fields,
+// and a worker screen runs a background job while a progress panel shows.
+#include "controls/PanelCtrl.h"
+#include "frames/Animation.h"
+#include "lists/IDataSource.h"
+#include "lists/IDelegate.h"
+#include "navigation/WorkerCtrl.h"
+
+namespace UIKit {
+
+class EditTextCtrl;
+class ButtonCtrl;
+
+class UIKIT_API ScreenCtrl : public PanelCtrl, public WorkerCtrl, public IDelegate, public IDataSource {
+public:
+    // `rect` is not used: the bounds come from the descriptor.
+    ScreenCtrl(wxWindow* parent, int id, const wxRect& rect, bool worker = false);
+    // Stops the worker while the screen and its event objects still exist.
+    ~ScreenCtrl() override;
+
+    bool VirtualDataSource() const override { return true; }
+    virtual IDelegate* GetDelegate() const { return m_delegate; }
+    virtual IDataSource* GetDataSource() const { return m_dataSource; }
+    virtual void SetCallerScreen(const TString<wchar_t>& name) { m_callerScreen = name; }
+    virtual const TString<wchar_t>& GetCallerScreen() const { return m_callerScreen; }
+    virtual void SetNativeAnimation(Animation animation) { m_nativeAnimation = animation; }
+    virtual Animation GetNativeAnimation() const { return m_nativeAnimation; }
+    // Called once the screen is in view: a worker screen whose job is not
+    // under way shows its progress panel and asks for the job.
+    virtual void ScreenSlideEnter();
+    virtual void ScreenSlideLeave() {}
+    // Hands a navigation event to the sequence manager; false when nobody
+    // carried it out.
+    virtual bool DoEvent(int id);
+    virtual void OnWorkerThreadStarted(wxCommandEvent& event);
+    virtual void OnWorkerThreadFinished(wxCommandEvent& event);
+    virtual void OnListItemSelected(wxCommandEvent&) {}
+    virtual void OnOK(wxCommandEvent& event);
+    virtual void OnCancel(wxCommandEvent& event);
+    virtual void OnAdd(wxCommandEvent& event);
+    virtual void OnDelete(wxCommandEvent& event);
+    virtual void OnEdit(wxCommandEvent& event);
+    virtual void OnEnter(wxCommandEvent& event);
+    virtual void OnTab(wxCommandEvent& event);
+    virtual void OnEsc(wxCommandEvent& event);
+
+    // Null stands for the screen itself; every control below is told too.
+    void SetDelegate(IDelegate* delegate) override;
+    void SetDataSource(IDataSource* source) override;
+    // Builds as a panel, then hides the screen and places it at its bounds.
+    bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor) override;
+    void OnSetFocus(wxFocusEvent& event) override;
+    void OnKillFocus(wxFocusEvent& event) override { event.Skip(); }
+    void OnMouseWheel(wxMouseEvent& event) override;
+    bool Destroy() override;
+
+    bool IsWorkerScreen() const { return m_worker; }
+    // The text field Tab moves the focus to, or null when it stays.
+    EditTextCtrl* NextTabField();
+
+protected:
+    void OnDoWork() override {}
+
+private:
+    // The button with that id when it can be pressed (enabled and shown up
+    // to the screen), otherwise null.
+    ButtonCtrl* usableButton(int id);
+    // Shown, and every window between it and the screen shown as well.
+    bool isVisible(const wxWindow* window) const;
+    // Where the screen's focus goes: the search field, else the first
+    // visible list, else the first visible text field; null for nobody.
+    wxWindow* focusTarget();
+    template <class Call>
+    void withWaitCursor(Call call);
+    void onOtherButton(wxCommandEvent& event) { DoEvent(event.GetId()); }
+    // The worker posts thread events; the handlers take command events.
+    void onWorker(wxThreadEvent& event);
+
+    bool m_worker;
+    IDelegate* m_delegate;
+    IDataSource* m_dataSource;
+    TString<wchar_t> m_callerScreen;
+    Animation m_nativeAnimation = AnimationNone;
+
+    wxDECLARE_EVENT_TABLE();
+};
+
+} // namespace UIKit

@@ -1,0 +1,11 @@
+#pragma once
+#include "module/Export.h"
+// Tells the main window, when there is one, that the interface is about to
+// move to another sequence. Kept apart from the sequence manager, the only
+// window the navigation core touches.
+
+namespace UIKit {
+
+UIKIT_API void NotifyBeforeTransition();
+
+} // namespace UIKit

@@ -1,0 +1,209 @@
+// Screens: built once by name, standard buttons and keys, the Tab ring, and
+// the worker screen's job, progress panel and end.
+#include "../../descriptors/DescriptorTestSupport.h"
+#include "../../frames/TestDashboard.h"
+#include "controls/EditTextCtrl.h"
+#include "controls/StandardControls.h"
+#include "descriptors/ScreenDescriptor.h"
+#include "factory/ControlIds.h"
+#include "factory/CtrlGenerator.h"
+#include "navigation/ScreenCtrl.h"
+#include "navigation/ScreenManager.h"
+#include "util/Util.h"
+
+#include <wx/app.h>
+
+#include <thread>
+
+using namespace UIKit;
+
+namespace screentest {
+
+std::vector<std::string> g_journal;
+
+// A worker screen that is its own delegate and data source, as every
+// screen is by default; records what reaches it. Its job waits at the gate.
+class TestScreen : public ScreenCtrl {
+public:
+    TestScreen(wxWindow* parent, int id, const wxRect& rect) : ScreenCtrl(parent, id, rect, true) {}
+    ~TestScreen() override { Stop(); }
+    bool DoEvent(int id) override { return note("event:" + std::to_string(id)); }
+    void doFlush() override { note("flush"); }
+    void doRollback() override { note("rollback"); }
+    void doDeleteItemFromRowIndex(unsigned int row) override { note("delete:" + std::to_string(row)); }
+    void OnWorkerThreadFinished(wxCommandEvent& event) override
+    {
+        note("finished");
+        ScreenCtrl::OnWorkerThreadFinished(event);
+    }
+    void OnDoWork() override
+    {
+        note("job");
+        entered.Set();
+        gate.Wait();
+    }
+    static bool note(const std::string& what) { return g_journal.push_back(what), false; }
+    Toolkit::EventObject entered{false, false};
+    Toolkit::EventObject gate{true, false};
+};
+
+struct Dashboard : frametest::TestDashboard {
+    Dashboard() { m_pControlPlaceholder = new PanelCtrl(this, wxID_ANY, wxRect(0, 0, 200, 150)); }
+};
+
+class ScreenTest : public descriptortest::FactoryFixture {
+protected:
+    void SetUp() override
+    {
+        FactoryFixture::SetUp();
+        RegisterStandardControls(Factory());
+        for (const wchar_t* name : {L"TestScreen", L"Home", L"Later"})
+            Factory().AddGenerator(name, CtrlGenerator<ScreenDescriptor, TestScreen>::Make());
+        ScreenManager::CreateInstance();
+        IDashboard::s_pCurrent = m_dashboard = new Dashboard();
+        g_journal.clear();
+    }
+    void TearDown() override
+    {
+        IDashboard::s_pCurrent = nullptr;
+        m_dashboard->Destroy();
+        ScreenManager::ReleaseInstance();
+        FactoryFixture::TearDown();
+    }
+    TestScreen* Build(const std::string& children)
+    {
+        const descriptortest::Document doc("<Control class=\"TestScreen\">" + children + "</Control>");
+        auto* screen = dynamic_cast<TestScreen*>(
+            Factory().CreateControl(Factory().CreateDescriptor(doc.Root()), m_dashboard->GetControlPlaceholder(), -1));
+        g_journal.clear();
+        return screen;
+    }
+    void AddTemplate(const std::string& cls)
+    {
+        const descriptortest::Document doc("<Templates><Control class=\"" + cls + "\"/></Templates>");
+        TemplateManager::Instance()->Load(doc.Root(), Factory());
+    }
+    static Control* Named(wxWindow* screen, const char* name)
+    {
+        return Util::RecursiveFindControl(screen, TString<wchar_t>(wxString(name).ToStdWstring()));
+    }
+    Dashboard* m_dashboard = nullptr;
+};
+
+TEST_F(ScreenTest, ManagerBuildsOnceAndRetriesFailures)
+{
+    AddTemplate("Home");
+    AddTemplate("PanelCtrl");
+    ScreenManager& screens = *ScreenManager::Instance();
+    ScreenCtrl* home = screens.Get(L"Home");
+    ASSERT_NE(home, nullptr);
+    EXPECT_EQ(screens.Get(L"Home"), home);
+    EXPECT_FALSE(home->IsShown()) << "a screen is built hidden";
+    EXPECT_EQ(screens.Get(L"PanelCtrl"), nullptr) << "a template that is not a screen";
+    descriptortest::ErrorCapture errors;
+    EXPECT_EQ(screens.Get(L"Later"), nullptr);
+    AddTemplate("Later");
+    EXPECT_NE(screens.Get(L"Later"), nullptr) << "a failed build is not remembered";
+    EXPECT_EQ(m_dashboard->GetControlPlaceholder()->GetChildren().size(), 2u) << "each screen built once";
+    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"undefined template 'Later'"});
+}
+
+// Controls: O(K) in panel P, C(ancel), S(kip). Setup: hide, disable or
+// destroy (h, d, x) a control. Action: a key, or a click on an id (integer
+// 3), sent through its button when there is one.
+TEST_F(ScreenTest, StandardButtonsAndKeys)
+{
+    struct Case {
+        const char* setup;
+        wxEventType key;
+        int click;
+        std::vector<std::string> journal;
+    };
+    const wxEventType enter = PanelCtrl::EVT_KEYPRESSED_ENTER;
+    const Case cases[] = {
+        {"", enter, 0, {"flush"}}, {"hO", enter, 0, {}}, {"hP", enter, 0, {}}, {"dO", enter, 0, {}},
+        {"xO", enter, 0, {}}, {"", PanelCtrl::EVT_KEYPRESSED_ESC, 0, {"rollback"}},
+        {"", wxEVT_BUTTON, ID_DELETE, {"delete:3"}}, {"", wxEVT_BUTTON, ID_SKIP, {"event:8022"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.setup << " " << c.click);
+        TestScreen* screen = Build(R"(<Control class="PanelCtrl" name="P"><Control class="ButtonCtrl" name="O"
+            id="ID_OK"/></Control><Control class="ButtonCtrl" name="C" id="ID_CANCEL"/>
+            <Control class="ButtonCtrl" name="S" id="ID_SKIP"/>)");
+        Control* target = *c.setup ? Named(screen, c.setup + 1) : nullptr;
+        if (*c.setup == 'h')
+            target->Show(false);
+        else if (*c.setup == 'd')
+            target->Enable(false);
+        else if (*c.setup == 'x')
+            target->Destroy();
+        wxCommandEvent event(c.key, c.click);
+        event.SetInt(3);
+        wxWindow* button = c.click ? Util::FindControl(screen, c.click) : nullptr;
+        (button ? button : screen)->GetEventHandler()->ProcessEvent(event);
+        EXPECT_EQ(g_journal, c.journal);
+        screen->Destroy();
+    }
+}
+
+// Fields A, B, and C in panel P: focused field, hidden controls, and the
+// field Tab moves to ('-' for none).
+TEST_F(ScreenTest, TabRing)
+{
+    struct Case {
+        const char *focused, *hidden;
+        char next;
+    };
+    for (const Case c : {Case{"", "", '-'}, Case{"A", "", 'B'}, Case{"B", "", 'C'}, Case{"C", "", 'A'},
+                         Case{"A", "B", 'C'}, Case{"B", "P", 'A'}, Case{"A", "BC", '-'}, Case{"B", "B", 'C'}}) {
+        SCOPED_TRACE(std::string(c.focused) + "/" + c.hidden);
+        TestScreen* screen = Build(R"(<Control class="EditTextCtrl" name="A"/><Control class="EditTextCtrl" name="B"/>
+            <Control class="PanelCtrl" name="P"><Control class="EditTextCtrl" name="C"/></Control>)");
+        for (const char* h = c.hidden; *h; ++h)
+            Named(screen, std::string(1, *h).c_str())->Show(false);
+        wxCommandEvent focus;
+        if (*c.focused)
+            dynamic_cast<EditTextCtrl*>(Named(screen, c.focused))->OnEditTextSetFocus(focus);
+        EditTextCtrl* next = screen->NextTabField();
+        EXPECT_EQ(next ? char(next->GetName()[0]) : '-', c.next);
+        screen->Destroy();
+    }
+}
+
+// Buttons O(K) and E(dit), the progress panel with child P, and the list.
+const char* const c_workerScreen = R"(<Control class="ButtonCtrl" name="O" id="ID_OK"/>
+    <Control class="ButtonCtrl" name="E" id="ID_EDIT"/><Control class="PanelCtrl" name="ProgressPanel">
+    <Control class="PanelCtrl" name="P"/></Control><Control class="PanelCtrl" name="List"/>)";
+
+TEST_F(ScreenTest, WorkerJobRunsOnceAndEndsWithEditDisabled)
+{
+    TestScreen* screen = Build(c_workerScreen);
+    screen->ScreenSlideEnter();
+    EXPECT_FALSE(Named(screen, "E")->IsEnabled());
+    EXPECT_TRUE(Named(screen, "P")->IsShown());
+    EXPECT_FALSE(Named(screen, "List")->IsShown());
+    screen->entered.Wait();
+    screen->ScreenSlideEnter();
+    screen->gate.Set();
+    while (screen->IsBusy())
+        std::this_thread::yield();
+    wxTheApp->ProcessPendingEvents();
+    EXPECT_EQ(g_journal, (std::vector<std::string>{"job", "finished"})) << "entering while the job runs starts none";
+    EXPECT_TRUE(Named(screen, "O")->IsEnabled());
+    EXPECT_FALSE(Named(screen, "E")->IsEnabled());
+    EXPECT_FALSE(Named(screen, "P")->IsShown());
+    EXPECT_TRUE(Named(screen, "List")->IsShown());
+}
+
+TEST_F(ScreenTest, EventsOfADestroyedScreenReachNobody)
+{
+    TestScreen* screen = Build(c_workerScreen);
+    screen->ScreenSlideEnter();
+    screen->entered.Wait();
+    screen->gate.Set();
+    screen->Destroy();
+    wxTheApp->ProcessPendingEvents();
+    EXPECT_EQ(g_journal, std::vector<std::string>{"job"});
+}
+
+} // namespace screentest

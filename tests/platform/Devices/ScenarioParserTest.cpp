@@ -1,0 +1,120 @@
+#include "Devices/Simulation/ScenarioParser.h"
+#include "TestSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using Devices::Simulation::ScenarioParser;
+using Devices::Simulation::StepKind;
+
+namespace {
+
+// Every line below is read after these, as line 3 of "t.scenario".
+const std::string c_header = "A modem name=\"X 1\" imei=356938035643809 pin=7391 puk=81726354\n"
+                             "G ghost name=g\n";
+
+struct LineCase {
+    const char* line;
+    const char* cause; // null: the line is a good step
+};
+
+const LineCase c_lines[] = {
+    {"A plug   # a comment", nullptr},
+    {"A wait 1.5s", nullptr},
+    {"A init opened 1 completed radio-off sim-failure", nullptr},
+    {"A unlock giveup=2s", nullptr},
+    {"A register operator=\"Meridian Mobile\" tech=hspa+ signal=70 roaming", nullptr},
+    {"A traffic up=100 down=2000", nullptr},
+    {"A features data,sms", nullptr},
+    {"A error \"a \\\"quoted\\\" text\"", nullptr},
+    {"A", "expected LABEL ACTION"},
+    {"A wait", "expected a duration"},
+    {"A wait 10", "expected a duration"},
+    {"A wait 1.2.3s", "expected a duration"},
+    {"A signal 101", "expected a percentage"},
+    {"A init 10", "init expects step names"},
+    {"A unlock giveup=soon", "giveup expects a duration"},
+    {"A register tech=lte", "register expects operator=NAME"},
+    {"A register operator=O tech=wimax", "tech expects"},
+    {"A roaming maybe", "expected on or off"},
+    {"A traffic up=1", "traffic expects up=BYTES down=BYTES"},
+    {"A features data,fax", "expected features"},
+    {"A jump", "unknown action jump"},
+    {"A 7391", "unknown action (a number)"},
+    {"A plug now", "expected no arguments"},
+    {"A connect speed=1", "unknown option speed for connect"},
+    {"A operator \"Meridian", "a quoted text is not closed"},
+    {"B plug", "B is not declared"},
+    {"A modem", "A is declared twice"},
+    {"C modem pin=73", "pin expects 4 to 8 digits"},
+    {"C modem puk=7391", "puk expects 8 digits"},
+    {"C modem imei=12", "imei expects 15 digits"},
+    {"C modem pin-attempts=0", "pin-attempts expects a number"},
+    {"G signal 5", "a ghost only takes plug, pull and wait"},
+};
+
+} // namespace
+
+// One log entry "file:line: cause" per bad line, the line left out, and
+// never a code of the scenario in the log.
+TEST(ScenarioParser, ReadsGoodLinesAndReportsEachBadLine)
+{
+    for (const auto& c : c_lines) {
+        SCOPED_TRACE(c.line);
+        testsupport::LogCapture log;
+        const auto scenario = ScenarioParser::ParseText("t.scenario", c_header + c.line + "\n");
+        ASSERT_FALSE(scenario.modems.empty());
+        const auto& a = scenario.modems[0];
+        if (!c.cause) {
+            EXPECT_EQ(scenario.errors, 0u) << log.Dump();
+            EXPECT_EQ(a.steps.size(), 1u);
+            continue;
+        }
+        EXPECT_EQ(scenario.errors, 1u);
+        EXPECT_TRUE(a.steps.empty());
+        ASSERT_EQ(log.Size(), 1u) << log.Dump();
+        const std::wstring message = log.Entries()[0].message;
+        const std::string cause(c.cause);
+        EXPECT_NE(message.find(L":3: " + std::wstring(cause.begin(), cause.end())), std::wstring::npos)
+            << std::string(message.begin(), message.end());
+        EXPECT_TRUE(message.rfind(L"t.scenario:", 0) == 0);
+        EXPECT_FALSE(log.Contains(L"7391")) << log.Dump();
+        EXPECT_FALSE(log.Contains(L"81726354")) << log.Dump();
+    }
+}
+
+// A bad line in the middle leaves the lines around it in place; identities
+// come from the IMEI and stay apart between modems.
+TEST(ScenarioParser, KeepsTheRestOfTheFile)
+{
+    testsupport::LogCapture log;
+    const auto scenario = ScenarioParser::ParseText(
+        "t.scenario", c_header + "A plug\nA wait forever\nA unlock\nB modem imei=490154203237518\nB plug\n");
+    EXPECT_EQ(scenario.errors, 1u);
+    ASSERT_EQ(scenario.modems.size(), 3u);
+    ASSERT_EQ(scenario.modems[0].steps.size(), 2u);
+    EXPECT_EQ(scenario.modems[0].steps[1].kind, StepKind::Unlock);
+    EXPECT_NE(scenario.modems[0].id, scenario.modems[2].id);
+    EXPECT_EQ(scenario.modems[0].id, ScenarioParser::ParseText("u", c_header).modems[0].id);
+
+    const auto missing = ScenarioParser::ParseFile("/nonexistent/x.scenario");
+    EXPECT_TRUE(missing.modems.empty());
+    EXPECT_EQ(missing.errors, 1u);
+}
+
+// The scenarios shipped with the device layer (the demo's among them) read
+// without a refused line.
+TEST(ScenarioParser, ShippedScenariosReadCleanly)
+{
+    const auto dir = testsupport::DataDir() / ".." / ".." / "platform" / "Devices" / "scenarios";
+    size_t files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(dir)) {
+        SCOPED_TRACE(entry.path().string());
+        const auto scenario = ScenarioParser::ParseFile(entry.path().string());
+        EXPECT_EQ(scenario.errors, 0u);
+        EXPECT_FALSE(scenario.modems.empty());
+        ++files;
+    }
+    EXPECT_GE(files, 1u);
+}

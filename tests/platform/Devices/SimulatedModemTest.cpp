@@ -1,0 +1,164 @@
+#include "SimulationHarness.h"
+
+#include "Devices/NetworkManager.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+using devicetest::Answer;
+using devicetest::SimulationRun;
+
+namespace {
+
+// The requests and cancellations a run heard, in order.
+std::vector<std::string> requests(devicetest::Recorder& r)
+{
+    std::vector<std::string> out;
+    for (const auto& e : r.Entries())
+        if (e.rfind("pin", 0) == 0 || e.rfind("puk", 0) == 0 || e.rfind("cancel", 0) == 0)
+            out.push_back(e);
+    return out;
+}
+
+const std::string c_lockNone = std::to_string(int(Devices::LockNone));
+
+Answer code(const char* c, const char* newPin = "")
+{
+    return {c, newPin};
+}
+
+struct CodeCase {
+    const char* name;
+    const char* attempts; // the modem's pin-attempts option
+    std::vector<Answer> answers;
+    std::vector<std::string> asked;
+};
+
+const CodeCase c_codeCases[] = {
+    {"right PIN", "3", {code("7391")}, {"pin A 3"}},
+    {"wrong PIN once", "3", {code("1119"), code("7391")}, {"pin A 3", "pin A 2 retry"}},
+    {"three wrong PINs lead to the PUK",
+     "3",
+     {code("1119"), code("2229"), code("3339"), code("81726354", "4682")},
+     {"pin A 3", "pin A 2 retry", "pin A 1 retry", "puk A 10 retry"}},
+    {"wrong PUK costs a PUK attempt",
+     "1",
+     {code("1119"), code("00000009", "4682"), code("81726354", "4682")},
+     {"pin A 1", "puk A 10 retry", "puk A 9 retry"}},
+    {"attempts not told", "unknown", {code("1119"), code("7391")}, {"pin A ?", "pin A ? retry"}},
+};
+
+} // namespace
+
+// The SIM asks until the right code comes, counts the attempts down, turns
+// to the PUK when the PIN attempts are spent, and no code ever reaches the
+// log, at the most verbose level.
+TEST(SimulatedModem, PinAndPukFlow)
+{
+    testsupport::LogCapture log;
+    Toolkit::ILogger::Instance().SetMinimumSeverity(Toolkit::LogInfo);
+    for (const auto& c : c_codeCases) {
+        SCOPED_TRACE(c.name);
+        SimulationRun run(std::string("A modem name=A pin=7391 puk=81726354 pin-attempts=") + c.attempts +
+                          "\nA plug\nA unlock\nA pull\n");
+        for (const auto& a : c.answers)
+            run.recorder->Give("A", a);
+        ASSERT_TRUE(run.recorder->WaitFor("lost A"));
+        EXPECT_EQ(requests(*run.recorder), c.asked);
+        EXPECT_EQ(run.recorder->Count("lost A " + c_lockNone), 1u);
+    }
+    const std::wstring all = log.Dump();
+    for (const wchar_t* code : {L"7391", L"1119", L"2229", L"3339", L"81726354", L"00000009", L"4682"})
+        EXPECT_EQ(all.find(code), std::wstring::npos) << "a code in the log";
+}
+
+// However a device goes during a request, the request ends (cancelled when
+// the device itself goes), and every later operation on it fails cleanly.
+TEST(SimulatedModem, DeviceVanishingDuringARequestFailsCleanly)
+{
+    enum class Way { PulledOut, Dropped, Stopped };
+    const struct {
+        Way way;
+        const char* script;
+        std::vector<std::string> heard;
+    } cases[] = {
+        {Way::PulledOut, "A unlock giveup=2s\nA pull\n", {"pin A 3", "cancel A"}},
+        {Way::Dropped, "A unlock\n", {"pin A 3"}},
+        {Way::Stopped, "A unlock\n", {"pin A 3", "cancel A"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.script);
+        auto run = std::make_unique<SimulationRun>(std::string("A modem name=A pin=7391\nA plug\n") + c.script);
+        ASSERT_TRUE(run->recorder->WaitFor("pin A"));
+        const auto device = run->recorder->Found("A");
+        ASSERT_TRUE(device);
+        const auto network = device->GetNetworkManager();
+        ASSERT_TRUE(network);
+        auto recorder = run->recorder;
+        if (c.way == Way::Dropped) {
+            EXPECT_TRUE(Devices::DeviceManager::DropDevice(device->GetId()));
+        }
+        if (c.way == Way::Stopped)
+            run.reset();
+        ASSERT_TRUE(recorder->WaitFor("lost A"));
+        // A code answered for the device that is gone is never asked for.
+        recorder->Give("A", code("7391"));
+
+        EXPECT_FALSE(Devices::DeviceManager::GetDevice(device->GetId()));
+        EXPECT_FALSE(Devices::DeviceManager::DropDevice(device->GetId()));
+        EXPECT_FALSE(device->IsPresent());
+        EXPECT_EQ(device->Connect(), -1);
+        EXPECT_EQ(device->Disconnect(Devices::DisconnectByUser), -1);
+        EXPECT_FALSE(device->SetPower(Devices::PowerOn));
+        EXPECT_FALSE(network->IsActive());
+        EXPECT_EQ(network->GetState(), Devices::DeviceStateUnknown);
+        EXPECT_EQ(network->Disconnect(Devices::DisconnectApplicationStopping), -1);
+        EXPECT_EQ(requests(*recorder), c.heard);
+
+        if (c.way == Way::Dropped) {
+            // Discovery brings a dropped device back under the same identity.
+            Detection::DiscoveryControl::Refresh();
+            ASSERT_TRUE(recorder->WaitFor("found A", 2));
+            const auto again = Devices::DeviceManager::GetDevice(device->GetId());
+            EXPECT_TRUE(again && again.get() != device.get());
+        }
+    }
+}
+
+// Two modems ask for their PINs at the same time from their own threads
+// while this thread answers and reads them: each code reaches the modem it
+// was meant for (a code sent to the other one would be refused and asked
+// again as a retry). Also run under ThreadSanitizer.
+TEST(SimulatedModem, TwoModemsAskWhileTheTestThreadAnswers)
+{
+    const std::string story = " plug\n$ unlock\n$ register operator=O\n$ connect\n$ traffic up=10 down=90\n"
+                              "$ wait 3s\n$ disconnect\n$ pull\n";
+    auto script = [&](const std::string& label, const std::string& pin, const std::string& imei) {
+        std::string s = label + " modem name=" + label + " imei=" + imei + " pin=" + pin + "\n" + label + story;
+        for (size_t at; (at = s.find('$')) != std::string::npos;)
+            s.replace(at, 1, label);
+        return s;
+    };
+    for (int round = 0; round < 3; ++round) {
+        SimulationRun run(script("A", "1357", "356938035643809") + script("B", "2468", "490154203237518"));
+        ASSERT_TRUE(run.recorder->WaitFor("pin A 3"));
+        ASSERT_TRUE(run.recorder->WaitFor("pin B 3"));
+        const auto a = run.recorder->Found("A"), b = run.recorder->Found("B");
+        ASSERT_TRUE(a && b);
+        run.recorder->Give("B", code("2468"));
+        run.recorder->Give("A", code("1357"));
+        while (!run.recorder->WaitFor("lost", 2, 0)) {
+            // Readings and requests from this thread while the modems run.
+            const auto info = a->GetInfo();
+            EXPECT_LE(info.bytesSent, info.bytesReceived);
+            b->GetConnectionTime();
+            a->Disconnect(Devices::DisconnectByUser);
+            std::this_thread::yield();
+        }
+        EXPECT_EQ(run.recorder->Count("lost A " + c_lockNone), 1u);
+        EXPECT_EQ(run.recorder->Count("lost B " + c_lockNone), 1u);
+        for (const auto& r : requests(*run.recorder))
+            EXPECT_EQ(r.find("retry"), std::string::npos) << r;
+    }
+}
