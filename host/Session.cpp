@@ -89,6 +89,12 @@ void StartNavigation()
         plugins->Load();
     if (auto sequences = UIKit::Singleton<UIKit::SequenceManager>::Instance())
         sequences->DoHome();
+    // The window still opens, but empty: say where to look.
+    auto* dashboard = UIKit::IDashboard::s_pCurrent;
+    if (dashboard && !dashboard->GetCurrentRunningScreen())
+        std::fprintf(stderr, "connection-manager: no plug-in showed a home screen; check the plug-in folder %s and "
+                             "the bundle file (see the log)\n",
+                     Toolkit::PathManager::Instance().GetPluginsDir().c_str());
 }
 
 void StopNavigation(DashboardFrame* dashboard)

@@ -31,7 +31,8 @@ void RegisterControls();
 // The main window built from the pack, made the application's dashboard
 // and shown; null (said on stderr) when the pack describes none.
 DashboardFrame* CreateDashboard();
-// Loads the plug-ins the bundle file names, then fires the home row.
+// Loads the plug-ins the bundle file names, then fires the home row; says
+// on stderr when that shows no screen.
 void StartNavigation();
 // Deactivates the plug-ins, forgets the sequences and destroys the main
 // window if it is still there. The plug-in libraries themselves go with
