@@ -26,6 +26,7 @@
 #include "app/SingleApplicationInstance.h"
 #include "module/SingletonSlot.h"
 #include "module/SingletonTable.h"
+#include "plugins/PluginManager.h"
 
 UIKIT_SINGLETON_SLOT(UIKit::SingleApplicationInstance)
 UIKIT_SINGLETON_SLOT(UIKit::AppController)
@@ -33,6 +34,7 @@ UIKIT_SINGLETON_SLOT(UIKit::Appearance)
 UIKIT_SINGLETON_SLOT(UIKit::ConfDataFile)
 UIKIT_SINGLETON_SLOT(UIKit::CtrlFactory)
 UIKIT_SINGLETON_SLOT(UIKit::TemplateManager)
+UIKIT_SINGLETON_SLOT(UIKit::PluginManager)
 
 namespace UIKit {
 
@@ -46,6 +48,7 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<ConfDataFile>("ConfDataFile", 4, 12),
         SingletonTable::Entry<CtrlFactory>("CtrlFactory", 6, 2),
         SingletonTable::Entry<TemplateManager>("TemplateManager", 7, 3),
+        SingletonTable::Entry<PluginManager>("PluginManager", 14, 10),
     });
     return table;
 }
