@@ -30,8 +30,10 @@ message(STATUS "${output}")
 
 # The pkg-config file resolves from wherever the SDK was installed.
 find_program(pkgconfig pkg-config REQUIRED)
-set(ENV{PKG_CONFIG_PATH} ${prefix}/lib/pkgconfig)
+file(GLOB_RECURSE pc ${prefix}/uikit.pc)
+get_filename_component(pcdir "${pc}" DIRECTORY)
+set(ENV{PKG_CONFIG_PATH} ${pcdir})
 run(${pkgconfig} --cflags --libs uikit)
-if(NOT output MATCHES "-I${prefix}/lib/pkgconfig/../../include/uikit" OR NOT output MATCHES "-lUIKit")
+if(NOT output MATCHES "-I${pcdir}/[./]*include/uikit" OR NOT output MATCHES "-lUIKit")
   message(FATAL_ERROR "uikit.pc does not point into the installed SDK: ${output}")
 endif()
