@@ -32,6 +32,7 @@
 #include "navigation/SequenceManager.h"
 #include "navigation/ShortcutManager.h"
 #include "navigation/TransitionManager.h"
+#include "popups/NotifPopupManager.h"
 
 UIKIT_SINGLETON_SLOT(UIKit::SingleApplicationInstance)
 UIKIT_SINGLETON_SLOT(UIKit::AppController)
@@ -45,6 +46,7 @@ UIKIT_SINGLETON_SLOT(UIKit::TransitionManager)
 UIKIT_SINGLETON_SLOT(UIKit::SequenceManager)
 UIKIT_SINGLETON_SLOT(UIKit::ShortcutManager)
 UIKIT_SINGLETON_SLOT(UIKit::ScreenManager)
+UIKIT_SINGLETON_SLOT(UIKit::NotifPopupManager)
 
 namespace UIKit {
 
@@ -64,6 +66,7 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<SequenceManager>("SequenceManager", 11, 7),
         SingletonTable::Entry<ShortcutManager>("ShortcutManager", 13, 9),
         SingletonTable::Entry<ScreenManager>("ScreenManager", 12, 8),
+        SingletonTable::Entry<NotifPopupManager>("NotifPopupManager", 16, 13),
     });
     return table;
 }
