@@ -90,9 +90,13 @@ void WinNotifPopup::SetCustomDescriptor(const TString<wchar_t>& templateName, To
     if (!content || !factory || templateName.empty())
         return;
     content->DestroyChildren();
-    if (PanelCtrl* panel = factory->CreateControl<PanelCtrl>(templateName, content, -1))
+    PanelCtrl* panel = factory->CreateControl<PanelCtrl>(templateName, content, -1);
+    if (panel)
         panel->SetDelegate(delegate.get());
     m_delegate = std::move(delegate);
+    // The content takes the message's place.
+    if (auto* label = child<StaticTextCtrl>(this, L"LabelTxt"); label && panel)
+        label->Hide();
 }
 
 void WinNotifPopup::StartFadeAnimation(int x, int y)
