@@ -107,7 +107,7 @@ TEST_F(PopupTest, SlotsAndRestackingAfterAClose)
         ASSERT_EQ(popups.size(), 3u);
         EXPECT_EQ(Ys(popups), (std::vector<int>{834, 734, 634}));
         for (auto* popup : popups)
-            EXPECT_EQ(popup->GetPosition().x, 980);
+            EXPECT_TRUE(popup->GetPosition().x == 980 && !popup->GetCloseTimer().IsRunning());
 
         wxCommandEvent close(wxEVT_BUTTON, ID_FRAME_CLOSE);
         popups[c.closed]->GetEventHandler()->ProcessEvent(close);
@@ -171,8 +171,11 @@ TEST_F(PopupTest, RequestsFromThreadsOpenOnTheGuiThread)
     EXPECT_TRUE(Popups().GetPopups().empty());
     ASSERT_TRUE(testsupport::ProcessEventsUntil([] { return Popups().GetPopups().size() == 12; }));
     std::set<int> slots;
-    for (auto* popup : Popups().GetPopups())
+    for (auto* popup : Popups().GetPopups()) {
         slots.insert(popup->GetTargetY());
+        EXPECT_TRUE(popup->GetCloseTimer().IsRunning() && popup->GetCloseTimer().GetInterval() == 10000)
+            << "the posted copy keeps the auto close";
+    }
     EXPECT_EQ(slots.size(), 12u);
     EXPECT_EQ(*slots.begin(), 834 - 11 * 100);
 
