@@ -33,6 +33,7 @@
 #include "navigation/ShortcutManager.h"
 #include "navigation/TransitionManager.h"
 #include "plugins/PluginManager.h"
+#include "popups/NotifPopupManager.h"
 
 UIKIT_SINGLETON_SLOT(UIKit::SingleApplicationInstance)
 UIKIT_SINGLETON_SLOT(UIKit::AppController)
@@ -47,6 +48,7 @@ UIKIT_SINGLETON_SLOT(UIKit::SequenceManager)
 UIKIT_SINGLETON_SLOT(UIKit::ShortcutManager)
 UIKIT_SINGLETON_SLOT(UIKit::ScreenManager)
 UIKIT_SINGLETON_SLOT(UIKit::PluginManager)
+UIKIT_SINGLETON_SLOT(UIKit::NotifPopupManager)
 
 namespace UIKit {
 
@@ -67,6 +69,7 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<ShortcutManager>("ShortcutManager", 13, 9),
         SingletonTable::Entry<ScreenManager>("ScreenManager", 12, 8),
         SingletonTable::Entry<PluginManager>("PluginManager", 14, 10),
+        SingletonTable::Entry<NotifPopupManager>("NotifPopupManager", 16, 13),
     });
     return table;
 }
