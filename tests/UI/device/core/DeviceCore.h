@@ -1,0 +1,68 @@
+#pragma once
+// Shared by the controller's tests: a handler that writes down what the
+// controller posts, as short words ("found 1", "screen 8010 1", "back").
+#include "device/DCControler.h"
+#include "device/DeviceEvent.h"
+#include "navigation/DeviceNameParameter.h"
+#include "navigation/SequenceDoEventEvent.h"
+
+#include <wx/app.h>
+
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace devicetest {
+
+using UIKit::DCControler;
+
+class PostedEvents : public wxEvtHandler {
+public:
+    PostedEvents()
+    {
+        const std::map<wxEventType, std::string> words = {
+            {DCControler::EVT_DEVICE_FOUND, "found"},     {DCControler::EVT_DEVICE_LOST, "lost"},
+            {DCControler::EVT_DEVICE_UPDATED, "updated"}, {DCControler::EVT_DEVICE_INFO, "info"},
+            {DCControler::EVT_DEVICE_GHOST_FOUND, "ghost"}};
+        for (const auto& [type, word] : words)
+            Bind(wxEventTypeTag<wxCommandEvent>(type), [this, word](wxCommandEvent& e) {
+                add(word + " " + std::to_string(static_cast<UIKit::DeviceEvent&>(e).GetDeviceId()));
+            });
+        Bind(wxEventTypeTag<wxCommandEvent>(DCControler::EVT_SEQUENCE_PREVIOUS_SEQUENCE),
+             [this](wxCommandEvent&) { add("back"); });
+        Bind(wxEventTypeTag<UIKit::SequenceDoEventEvent>(DCControler::EVT_SEQUENCE_DO_EVENT),
+             [this](UIKit::SequenceDoEventEvent& e) {
+                 const auto device = e.GetParameter().DynamicCast<UIKit::DeviceNameParameter>();
+                 add("screen " + std::to_string(e.GetEventId()) + " " +
+                     (device ? std::to_string(device->GetDeviceId()) : "?"));
+                 std::lock_guard lock(m_lock);
+                 m_screens.push_back(device);
+             });
+    }
+    // What was posted since the last call, in order.
+    std::vector<std::string> Take()
+    {
+        wxTheApp->ProcessPendingEvents();
+        std::lock_guard lock(m_lock);
+        return std::exchange(m_words, {});
+    }
+    std::vector<Toolkit::smart_ptr<UIKit::DeviceNameParameter>> TakeScreens()
+    {
+        wxTheApp->ProcessPendingEvents();
+        std::lock_guard lock(m_lock);
+        return std::exchange(m_screens, {});
+    }
+
+private:
+    void add(const std::string& word)
+    {
+        std::lock_guard lock(m_lock);
+        m_words.push_back(word);
+    }
+    std::mutex m_lock;
+    std::vector<std::string> m_words;
+    std::vector<Toolkit::smart_ptr<UIKit::DeviceNameParameter>> m_screens;
+};
+
+} // namespace devicetest
