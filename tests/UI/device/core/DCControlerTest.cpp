@@ -2,7 +2,6 @@
 // case is a script of steps, each step with what it must give.
 #include "DeviceCore.h"
 
-#include "Devices/DeviceManager.h"
 #include "TestSupport.h"
 #include "module/SingletonSlot.h"
 
@@ -15,22 +14,6 @@ UIKIT_SINGLETON_SLOT(UIKit::DCControler)
 namespace devicetest {
 namespace {
 
-struct Driver : Devices::DeviceDriver {
-    int Connect() override { return 0; }
-    int Disconnect(Devices::DisconnectReason) override { return 0; }
-    bool SetPower(Devices::PowerState) override { return true; }
-    void Release() override {}
-};
-
-struct Backend : Devices::DeviceBackend {
-    Toolkit::smart_ptr<Devices::Device> Open(unsigned long long id) override
-    {
-        Devices::DeviceInfo info;
-        info.name = L"Modem " + std::to_wstring(id);
-        return Toolkit::make_smart<Devices::Device>(id, info, Toolkit::make_smart<Driver>());
-    }
-};
-
 class ControllerTest : public testing::Test {
 protected:
     void SetUp() override
@@ -38,18 +21,14 @@ protected:
         DCControler::CreateInstance();
         controller = DCControler::Instance();
         controller->AddListener(&posted);
-        Devices::DeviceManager::SetBackend(Toolkit::make_smart<Backend>());
+        devices = std::make_unique<TestDevices>();
         Devices::DeviceManager::AddListener(controller);
     }
     void TearDown() override
     {
-        Devices::DeviceManager::DeviceMap devices;
-        Devices::DeviceManager::GetDevicesMap(devices);
-        for (const auto& [id, device] : devices)
-            Devices::DeviceManager::Instance()->OnDeviceRemoved(id);
+        devices.reset();
         posted.Take();
         Devices::DeviceManager::RemoveListener(controller);
-        Devices::DeviceManager::SetBackend({});
         controller->RemoveListener(&posted);
         controller.reset();
         DCControler::ReleaseInstance();
@@ -67,9 +46,9 @@ protected:
         TString<char> out, outPin;
         bool stop = false;
         if (verb == "plug")
-            Devices::DeviceManager::Instance()->OnDeviceArrived(id);
+            devices->Plug(id);
         else if (verb == "pull")
-            Devices::DeviceManager::Instance()->OnDeviceRemoved(id);
+            devices->Pull(id);
         else if (verb == "pin")
             controller->OnPinCodeRequested(*device, Devices::SecurityCodeSimPin, 3, out, false, stop);
         else if (verb == "puk")
@@ -104,6 +83,7 @@ protected:
     }
 
     PostedEvents posted;
+    std::unique_ptr<TestDevices> devices;
     Toolkit::smart_ptr<DCControler> controller;
 };
 

@@ -1,6 +1,8 @@
 #pragma once
-// Shared by the controller's tests: a handler that writes down what the
-// controller posts, as short words ("found 1", "screen 8010 1", "back").
+// Shared by the controller's tests: devices made in the test, and a
+// handler that writes down what the controller posts, as short words
+// ("found 1", "screen 8010 1", "back").
+#include "Devices/DeviceManager.h"
 #include "device/DCControler.h"
 #include "device/DeviceEvent.h"
 #include "navigation/DeviceNameParameter.h"
@@ -16,6 +18,43 @@
 namespace devicetest {
 
 using UIKit::DCControler;
+
+struct Driver : Devices::DeviceDriver {
+    int Connect() override { return 0; }
+    int Disconnect(Devices::DisconnectReason) override { return 0; }
+    bool SetPower(Devices::PowerState) override { return true; }
+    void Release() override {}
+};
+
+// Opens "Modem N" for id N, with the features the test gives it.
+struct Backend : Devices::DeviceBackend {
+    Toolkit::smart_ptr<Devices::Device> Open(unsigned long long id) override
+    {
+        Devices::DeviceInfo info;
+        info.name = L"Modem " + std::to_wstring(id);
+        info.features = features[id];
+        return Toolkit::make_smart<Devices::Device>(id, info, Toolkit::make_smart<Driver>());
+    }
+    std::map<unsigned long long, unsigned int> features;
+};
+
+// Plugs and pulls devices of a Backend through the device manager, on the
+// test's thread; whatever is left is pulled at the end.
+class TestDevices {
+public:
+    TestDevices() { Devices::DeviceManager::SetBackend(backend); }
+    ~TestDevices()
+    {
+        Devices::DeviceManager::DeviceMap devices;
+        Devices::DeviceManager::GetDevicesMap(devices);
+        for (const auto& [id, device] : devices)
+            Pull(id);
+        Devices::DeviceManager::SetBackend({});
+    }
+    void Plug(unsigned long long id) { Devices::DeviceManager::Instance()->OnDeviceArrived(id); }
+    void Pull(unsigned long long id) { Devices::DeviceManager::Instance()->OnDeviceRemoved(id); }
+    Toolkit::smart_ptr<Backend> backend = Toolkit::make_smart<Backend>();
+};
 
 class PostedEvents : public wxEvtHandler {
 public:
