@@ -1,7 +1,7 @@
 #pragma once
-// Shared by the controller's tests: devices made in the test, and a
-// handler that writes down what the controller posts, as short words
-// ("found 1", "screen 8010 1", "back").
+// Shared by the controller's tests: the module's controller made for one
+// test, devices made in the test and plugged on its thread, and what the
+// controller posts, written down as words ("found 1", "screen 8010 1").
 #include "Devices/DeviceManager.h"
 #include "device/DCControler.h"
 #include "device/DeviceEvent.h"
@@ -38,24 +38,6 @@ struct Backend : Devices::DeviceBackend {
     std::map<unsigned long long, unsigned int> features;
 };
 
-// Plugs and pulls devices of a Backend through the device manager, on the
-// test's thread; whatever is left is pulled at the end.
-class TestDevices {
-public:
-    TestDevices() { Devices::DeviceManager::SetBackend(backend); }
-    ~TestDevices()
-    {
-        Devices::DeviceManager::DeviceMap devices;
-        Devices::DeviceManager::GetDevicesMap(devices);
-        for (const auto& [id, device] : devices)
-            Pull(id);
-        Devices::DeviceManager::SetBackend({});
-    }
-    void Plug(unsigned long long id) { Devices::DeviceManager::Instance()->OnDeviceArrived(id); }
-    void Pull(unsigned long long id) { Devices::DeviceManager::Instance()->OnDeviceRemoved(id); }
-    Toolkit::smart_ptr<Backend> backend = Toolkit::make_smart<Backend>();
-};
-
 class PostedEvents : public wxEvtHandler {
 public:
     PostedEvents()
@@ -73,24 +55,15 @@ public:
         Bind(wxEventTypeTag<UIKit::SequenceDoEventEvent>(DCControler::EVT_SEQUENCE_DO_EVENT),
              [this](UIKit::SequenceDoEventEvent& e) {
                  const auto device = e.GetParameter().DynamicCast<UIKit::DeviceNameParameter>();
-                 add("screen " + std::to_string(e.GetEventId()) + " " +
-                     (device ? std::to_string(device->GetDeviceId()) : "?"));
-                 std::lock_guard lock(m_lock);
-                 m_screens.push_back(device);
+                 add("screen " + std::to_string(e.GetEventId()) + " " + std::to_string(device->GetDeviceId()));
              });
     }
-    // What was posted since the last call, in order.
+    // Every event posted so far (to anyone) is handled first.
     std::vector<std::string> Take()
     {
         wxTheApp->ProcessPendingEvents();
         std::lock_guard lock(m_lock);
         return std::exchange(m_words, {});
-    }
-    std::vector<Toolkit::smart_ptr<UIKit::DeviceNameParameter>> TakeScreens()
-    {
-        wxTheApp->ProcessPendingEvents();
-        std::lock_guard lock(m_lock);
-        return std::exchange(m_screens, {});
     }
 
 private:
@@ -101,7 +74,39 @@ private:
     }
     std::mutex m_lock;
     std::vector<std::string> m_words;
-    std::vector<Toolkit::smart_ptr<UIKit::DeviceNameParameter>> m_screens;
+};
+
+// The module's controller for one test, listening to the device manager
+// unless the test starts it itself.
+struct TestController {
+    explicit TestController(bool listen = true)
+    {
+        DCControler::CreateInstance();
+        controller = DCControler::Instance();
+        controller->AddListener(&posted);
+        Devices::DeviceManager::SetBackend(backend);
+        if (listen)
+            Devices::DeviceManager::AddListener(controller);
+    }
+    ~TestController()
+    {
+        Devices::DeviceManager::DeviceMap devices;
+        Devices::DeviceManager::GetDevicesMap(devices);
+        for (const auto& [id, device] : devices)
+            Pull(id);
+        Devices::DeviceManager::RemoveListener(controller);
+        Devices::DeviceManager::SetBackend({});
+        posted.Take();
+        controller->RemoveListener(&posted);
+        controller.reset();
+        DCControler::ReleaseInstance();
+    }
+    void Plug(unsigned long long id) { Devices::DeviceManager::Instance()->OnDeviceArrived(id); }
+    void Pull(unsigned long long id) { Devices::DeviceManager::Instance()->OnDeviceRemoved(id); }
+
+    Toolkit::smart_ptr<Backend> backend = Toolkit::make_smart<Backend>();
+    PostedEvents posted;
+    Toolkit::smart_ptr<DCControler> controller;
 };
 
 } // namespace devicetest
