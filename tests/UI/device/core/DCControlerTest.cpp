@@ -45,10 +45,6 @@ std::string step(TestController& t, const std::string& line)
         out = c.GetPINCode(id);
     else if (verb == "update")
         c.OnDeviceUpdated(*device);
-    else if (verb == "information")
-        c.OnDeviceInformationUpdated(*device);
-    else if (verb == "select")
-        c.SetSelectedDevice(id);
     else if (verb == "stop")
         c.Stop();
     std::string said = stop ? "stop" : out + (newPin.empty() ? "" : "/" + newPin);
@@ -106,8 +102,8 @@ TEST(DCControler, CodeRequestsShowOneScreenAndHandEachCodeOnceToItsDevice)
 // to the one before.
 TEST(DCControler, SelectionFollowsTheNewestDeviceAndFiltersTheOthersEvents)
 {
-    play({c_plug1, c_plug2, {"update 1", ""}, {"information 1", ""}, {"update 2", "updated 2"},
-          {"information 2", "info 2"}, {"select 2", ""}, {"plug 3", "lost 2, found 3, info 3"}, {"pull 2", ""},
+    play({c_plug1, c_plug2, {"update 1", ""}, {"update 2", "updated 2"}, {"plug 3", "lost 2, found 3, info 3"},
+          {"pull 2", ""},
           {"pull 3", "lost 3, found 1, info 1"}, {"pull 1", "lost 1"}, {"plug 4", "found 4, info 4"}});
 }
 
