@@ -43,7 +43,13 @@ std::string step(TestController& t, const std::string& line)
         c.OnPinPukCodeRequestCancelled(*device);
     else if (verb == "held")
         out = c.GetPINCode(id);
-    else if (verb == "update")
+    else if (verb == "init")
+        c.OnPortInitProgress(*device, "ttyUSB0", Devices::InitializationStep(std::stoi(code)));
+    else if (verb == "flight") {
+        Devices::FlightMode mode = Devices::FlightModeUnanswered;
+        c.OnDeviceInFlightMode(*device, mode);
+        out = mode ? std::to_string(mode) : "";
+    } else if (verb == "update")
         c.OnDeviceUpdated(*device);
     else if (verb == "stop")
         c.Stop();
@@ -80,6 +86,10 @@ const std::pair<const char*, Script> c_requestCases[] = {
      {c_plug1, c_plug2, {"pin 1", "screen 8010 1"}, {"pull 1", "back"}, {"give 1 4711", ""},
       {"pin 2", "screen 8010 2"}, {"held 1", ""}}},
     {"cancelled request", {c_plug1, {"pin 1", "screen 8010 1"}, {"cancel 1", "back"}, {"pin 1", "screen 8010 1"}}},
+    {"SIM error once until the next code request",
+     {c_plug1, {"init 1 8", "screen 8013 1"}, {"init 1 9", ""}, {"pin 1", "screen 8010 1"},
+      {"init 1 9", "screen 8013 1"}}},
+    {"radio held off by its switch", {c_plug1, {"flight 1", "screen 8015 1"}, {"init 1 7", ""}, {"flight 1", "1"}}},
     {"stopped while a request waits", {c_plug1, {"pin 1", "screen 8010 1"}, {"stop", ""}, {"pin 1", "stop"}}},
 };
 
