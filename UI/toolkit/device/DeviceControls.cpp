@@ -9,7 +9,8 @@ namespace UIKit {
 
 void RegisterDeviceControls(CtrlFactory& factory)
 {
-    factory.AddGenerator(L"DeviceEventsButtonCtrl", CtrlGenerator<ButtonCtrlDescriptor, DeviceEventsButtonCtrl>::Make());
+    factory.AddGenerator(L"DeviceEventsButtonCtrl",
+                         CtrlGenerator<ButtonCtrlDescriptor, DeviceEventsButtonCtrl>::Make());
 }
 
 } // namespace UIKit

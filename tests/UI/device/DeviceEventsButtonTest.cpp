@@ -20,7 +20,8 @@ TEST(DeviceEventsButtonCtrl, EnabledOnlyWhileTheSelectedDeviceOffersTheNeededFea
     EXPECT_FALSE(button->IsEnabled()) << "enabled without the device-features flag";
     button->SetRequiredFeatures(Devices::FeatureSms);
     // Device id (negative: pulled) and whether the button is then enabled.
-    for (const auto& [id, enabled] : {std::pair{1, false}, {2, true}, {-2, false}, {2, true}, {-1, true}, {-2, false}}) {
+    const std::pair<int, bool> steps[] = {{1, false}, {2, true}, {-2, false}, {2, true}, {-1, true}, {-2, false}};
+    for (const auto& [id, enabled] : steps) {
         SCOPED_TRACE(id);
         id > 0 ? t.Plug(id) : t.Pull(-id);
         EXPECT_TRUE(testsupport::ProcessEventsUntil([&] { return button->IsEnabled() == enabled; }, 2000));

@@ -98,9 +98,10 @@ TEST_F(ControllerThreadsTest, DevicesCallingFromTheirThreadsGetTheirOwnCodesWhil
                 continue;
             if (state == UIKit::ID_FLIGHTMODE_STATE)
                 t.controller->ProvideFlightMode(id, Devices::FlightModeLeave);
+            else if (answered.insert(device->GetName()).second)
+                t.controller->ProvidePINCode(id, "9146");
             else
-                t.controller->ProvidePINCode(id, answered.insert(device->GetName()).second ? "9146"
-                                                                                          : c_pins.at(device->GetName()));
+                t.controller->ProvidePINCode(id, c_pins.at(device->GetName()));
         }
         if (n % 50 == 49)
             sequences->PreviousSequence(UIKit::AnimationNone);
