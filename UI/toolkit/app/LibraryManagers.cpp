@@ -21,6 +21,7 @@
 #include "appearance/Appearance.h"
 #include "appearance/ConfDataFile.h"
 #include "descriptors/TemplateManager.h"
+#include "device/DCControler.h"
 #include "factory/CtrlFactory.h"
 #include "app/AppController.h"
 #include "app/SingleApplicationInstance.h"
@@ -39,6 +40,7 @@ UIKIT_SINGLETON_SLOT(UIKit::SingleApplicationInstance)
 UIKIT_SINGLETON_SLOT(UIKit::AppController)
 UIKIT_SINGLETON_SLOT(UIKit::Appearance)
 UIKIT_SINGLETON_SLOT(UIKit::ConfDataFile)
+UIKIT_SINGLETON_SLOT(UIKit::DCControler)
 UIKIT_SINGLETON_SLOT(UIKit::CtrlFactory)
 UIKIT_SINGLETON_SLOT(UIKit::TemplateManager)
 UIKIT_SINGLETON_SLOT(UIKit::EventManager)
@@ -60,6 +62,7 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<AppController>("AppController", 2, 15),
         SingletonTable::Entry<Appearance>("Appearance", 3, 14),
         SingletonTable::Entry<ConfDataFile>("ConfDataFile", 4, 12),
+        SingletonTable::Entry<DCControler>("DCControler", 5, 1),
         SingletonTable::Entry<CtrlFactory>("CtrlFactory", 6, 2),
         SingletonTable::Entry<TemplateManager>("TemplateManager", 7, 3),
         SingletonTable::Entry<EventManager>("EventManager", 8, 5),
