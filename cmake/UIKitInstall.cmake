@@ -7,10 +7,10 @@ include(CMakePackageConfigHelpers)
 set(uikit_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/UIKit)
 set(uikit_include_dir ${CMAKE_INSTALL_INCLUDEDIR}/uikit)
 
-install(TARGETS Toolkit Preferences UIKit EXPORT UIKitTargets
+install(TARGETS Toolkit Preferences Detection ComCore Devices UIKit EXPORT UIKitTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT UIKitTargets NAMESPACE UIKit:: DESTINATION ${uikit_cmake_dir})
-foreach(dir platform/Toolkit platform/Preferences UI/toolkit)
+foreach(dir platform/Toolkit platform/Preferences platform/Detection platform/ComCore platform/Devices UI/toolkit)
   get_filename_component(name ${dir} NAME)
   if(name STREQUAL "toolkit")
     set(destination ${uikit_include_dir})
