@@ -56,20 +56,41 @@ bool DynamicLibrary::Load(const TString<wchar_t>& path)
 
 void* DynamicLibrary::GetSymbol(const TString<char>& name) const
 {
-    if (!m_handle) {
-        TK_LOG(LogError) << "cannot look up symbol " << name << ": no library loaded";
-        return nullptr;
-    }
-    ::dlerror(); // clear an older error, so the one below is this lookup's
-    void* symbol = ::dlsym(m_handle, name.c_str());
-    if (!symbol)
-        TK_LOG(LogError) << "symbol " << name << " not found in " << m_path << ": " << loaderError();
+    TString<char> error;
+    void* symbol = FindSymbol(name, &error);
+    if (!m_handle)
+        TK_LOG(LogError) << "cannot look up symbol " << name << ": " << error;
+    else if (!symbol)
+        TK_LOG(LogError) << "symbol " << name << " not found in " << m_path << ": " << error;
     return symbol;
 }
 
 void* DynamicLibrary::GetSymbol(const TString<wchar_t>& name) const
 {
     return GetSymbol(UTF8::ToUTF8(name));
+}
+
+void* DynamicLibrary::FindSymbol(const TString<char>& name, TString<char>* error) const
+{
+    if (!m_handle) {
+        if (error)
+            *error = "no library loaded";
+        return nullptr;
+    }
+    ::dlerror(); // clear an older error, so the one below is this lookup's
+    void* symbol = ::dlsym(m_handle, name.c_str());
+    if (!symbol && error)
+        *error = loaderError();
+    return symbol;
+}
+
+void* DynamicLibrary::OpenContaining(const void* address)
+{
+    Dl_info info{};
+    if (!address || !::dladdr(address, &info) || !info.dli_fname || !*info.dli_fname)
+        return nullptr;
+    // RTLD_NOLOAD only counts one more reference to a library already there.
+    return ::dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD);
 }
 
 bool DynamicLibrary::Unload()

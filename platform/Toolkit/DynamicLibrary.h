@@ -20,10 +20,17 @@ public:
     // The address of an exported symbol; null, logged, when there is none.
     void* GetSymbol(const TString<char>& name) const;
     void* GetSymbol(const TString<wchar_t>& name) const;
+    // The same without a log entry, for callers that report a missing
+    // symbol in their own words; the loader's message goes to `error`.
+    void* FindSymbol(const TString<char>& name, TString<char>* error = nullptr) const;
     // Closes the library; false when none is open or the loader refuses.
     bool Unload();
     // Closes a native handle obtained from Detach().
     static bool Unload(void* handle);
+
+    // A new reference (closed with the static Unload) to the loaded library
+    // that holds the address; null when no loaded library holds it.
+    static void* OpenContaining(const void* address);
 
     // Gives up ownership: the library stays loaded after this object goes.
     void* Detach();

@@ -19,28 +19,30 @@ namespace detail {
 // so one process-wide lock is enough.
 std::mutex& customActionLock();
 
+// Deletes an object as the type it was made with.
+using Destroy = void (*)(void*);
+template <class Y>
+void destroyAs(void* object)
+{
+    delete static_cast<Y*>(object);
+}
+
 class ActionDeleter {
 public:
-    template <class T>
-    void operator()(T* object) const
-    {
-        auto* chain = m_pChain;
-        smart_ptr_custom_action::RunBefore(chain);
-        delete object;
-        smart_ptr_custom_action::RunAfterAndDelete(chain);
-    }
-    void Add(smart_ptr_custom_action* action)
-    {
-        std::lock_guard lock(customActionLock());
-        if (m_pChain)
-            m_pChain->Add(action);
-        else
-            m_pChain = action;
-    }
+    explicit ActionDeleter(Destroy destroy) : m_destroy(destroy) {}
+    void operator()(void* object) const;
+    void Add(smart_ptr_custom_action* action);
 
 private:
+    Destroy m_destroy;
     smart_ptr_custom_action* m_pChain = nullptr;
 };
+
+// Makes the count block of an object. Its code (release, deletion, the
+// action chain) lives in this library, never in the shared library that
+// made the object: an action may unload that library (a plug-in's), and
+// the release must not return into code that has just been unmapped.
+std::shared_ptr<void> MakeOwner(void* object, Destroy destroy);
 
 } // namespace detail
 
@@ -54,7 +56,7 @@ public:
     // Takes ownership of a heap object (count 1). The object is deleted as
     // the type it was made with, so interfaces need no virtual destructor.
     template <class Y, class = std::enable_if_t<std::is_convertible_v<Y*, T*>>>
-    explicit smart_ptr(Y* object) : m_p(object, detail::ActionDeleter()) {}
+    explicit smart_ptr(Y* object) : m_p(own(object)) {}
 
     template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
     smart_ptr(const smart_ptr<U>& other) noexcept : m_p(other.shared()) {}
@@ -112,6 +114,21 @@ public:
     bool operator<(const smart_ptr<U>& o) const noexcept { return get() < o.get(); }
 
 private:
+    // An object that keeps a weak reference to itself needs the standard
+    // count block, which links that reference; its release code is then
+    // generated where the object is made. Every other object gets the block
+    // made in this library (see MakeOwner).
+    template <class Y>
+    static std::shared_ptr<T> own(Y* object)
+    {
+        if constexpr (requires(Y* y) { y->weak_from_this(); })
+            return std::shared_ptr<T>(object, detail::ActionDeleter(&detail::destroyAs<Y>));
+        else
+            return std::shared_ptr<T>(detail::MakeOwner(const_cast<void*>(static_cast<const void*>(object)),
+                                                        &detail::destroyAs<Y>),
+                                      object);
+    }
+
     std::shared_ptr<T> m_p;
 };
 

@@ -21,6 +21,7 @@
 #include "appearance/Appearance.h"
 #include "appearance/ConfDataFile.h"
 #include "descriptors/TemplateManager.h"
+#include "device/DCControler.h"
 #include "factory/CtrlFactory.h"
 #include "app/AppController.h"
 #include "app/SingleApplicationInstance.h"
@@ -32,11 +33,14 @@
 #include "navigation/SequenceManager.h"
 #include "navigation/ShortcutManager.h"
 #include "navigation/TransitionManager.h"
+#include "plugins/PluginManager.h"
+#include "popups/NotifPopupManager.h"
 
 UIKIT_SINGLETON_SLOT(UIKit::SingleApplicationInstance)
 UIKIT_SINGLETON_SLOT(UIKit::AppController)
 UIKIT_SINGLETON_SLOT(UIKit::Appearance)
 UIKIT_SINGLETON_SLOT(UIKit::ConfDataFile)
+UIKIT_SINGLETON_SLOT(UIKit::DCControler)
 UIKIT_SINGLETON_SLOT(UIKit::CtrlFactory)
 UIKIT_SINGLETON_SLOT(UIKit::TemplateManager)
 UIKIT_SINGLETON_SLOT(UIKit::EventManager)
@@ -45,6 +49,8 @@ UIKIT_SINGLETON_SLOT(UIKit::TransitionManager)
 UIKIT_SINGLETON_SLOT(UIKit::SequenceManager)
 UIKIT_SINGLETON_SLOT(UIKit::ShortcutManager)
 UIKIT_SINGLETON_SLOT(UIKit::ScreenManager)
+UIKIT_SINGLETON_SLOT(UIKit::PluginManager)
+UIKIT_SINGLETON_SLOT(UIKit::NotifPopupManager)
 
 namespace UIKit {
 
@@ -56,6 +62,7 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<AppController>("AppController", 2, 15),
         SingletonTable::Entry<Appearance>("Appearance", 3, 14),
         SingletonTable::Entry<ConfDataFile>("ConfDataFile", 4, 12),
+        SingletonTable::Entry<DCControler>("DCControler", 5, 1),
         SingletonTable::Entry<CtrlFactory>("CtrlFactory", 6, 2),
         SingletonTable::Entry<TemplateManager>("TemplateManager", 7, 3),
         SingletonTable::Entry<EventManager>("EventManager", 8, 5),
@@ -64,6 +71,8 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<SequenceManager>("SequenceManager", 11, 7),
         SingletonTable::Entry<ShortcutManager>("ShortcutManager", 13, 9),
         SingletonTable::Entry<ScreenManager>("ScreenManager", 12, 8),
+        SingletonTable::Entry<PluginManager>("PluginManager", 14, 10),
+        SingletonTable::Entry<NotifPopupManager>("NotifPopupManager", 16, 13),
     });
     return table;
 }

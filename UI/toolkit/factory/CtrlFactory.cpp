@@ -1,5 +1,6 @@
 #include "factory/CtrlFactory.h"
 
+#include "Toolkit/PluginAction.h"
 #include "xml/XMLLoader.h"
 #include "xml/XMLNode.h"
 
@@ -12,6 +13,9 @@ void CtrlFactory::AddGenerator(const TString<wchar_t>& name, GeneratorPtr genera
 {
     if (!generator)
         return;
+    // A plug-in's generator keeps the plug-in's library loaded while it is
+    // held here, which may be after the plug-in itself has been released.
+    Toolkit::PluginAction::KeepLoaded(generator);
     if (!m_generators.emplace(name, std::move(generator)).second)
         TK_LOG(Toolkit::LogError) << "The control class " << name
                                     << " is already registered; the first registration is kept";

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <string>
 #include <thread>
 #include <vector>
@@ -105,6 +107,17 @@ TEST_F(SmartPtrTest, CountingFromManyThreadsDeletesExactlyOnce)
     shared.ReleaseRef();
     EXPECT_EQ(std::count(journal.begin(), journal.end(), "delete"), 1);
     EXPECT_EQ(std::count(journal.begin(), journal.end(), "act.before"), 1);
+}
+
+// An object that hands out weak references to itself must see its owner.
+TEST_F(SmartPtrTest, ObjectsKeepingWeakSelfReferencesSeeTheirOwner)
+{
+    struct Self : std::enable_shared_from_this<Self> {};
+    Toolkit::smart_ptr<Self> p(new Self);
+    EXPECT_FALSE(p->weak_from_this().expired());
+    const std::weak_ptr<Self> weak = p->weak_from_this();
+    p.reset();
+    EXPECT_TRUE(weak.expired());
 }
 
 } // namespace

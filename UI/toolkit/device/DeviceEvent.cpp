@@ -1,0 +1,10 @@
+#include "device/DeviceEvent.h"
+
+namespace UIKit {
+
+wxEvent* DeviceEvent::Clone() const
+{
+    return new DeviceEvent(*this);
+}
+
+} // namespace UIKit

@@ -1,0 +1,7 @@
+#include "device/EnableWithDeviceFeaturesEvent.h"
+
+namespace UIKit {
+
+const wxEventType EnableWithDeviceFeaturesEvent::EVT_DEVICEFEATURES_CHANGED = wxNewEventType();
+
+} // namespace UIKit

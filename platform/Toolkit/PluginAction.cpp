@@ -1,0 +1,10 @@
+#include "Toolkit/PluginAction.h"
+
+namespace Toolkit {
+
+PluginAction::~PluginAction()
+{
+    DynamicLibrary::Unload(m_handle);
+}
+
+} // namespace Toolkit
