@@ -1,6 +1,7 @@
 #include "descriptors/EventDescriptor.h"
 
 #include "xml/XMLLoader.h"
+#include "xml/XMLNode.h"
 
 #include <string>
 
@@ -20,6 +21,11 @@ EventDescriptor::EventDescriptor(Toolkit::smart_ptr<XMLNode> node)
     sequence = loader.ReadString("", "sequence");
     transition = loader.ReadString("", "transition");
     hotkey = loader.ReadString("", "hotkey");
+    if (node) {
+        if (const auto& origin = node->GetOrigin())
+            file = origin->file;
+        line = node->GetLine();
+    }
 }
 
 } // namespace UIKit

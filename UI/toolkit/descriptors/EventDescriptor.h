@@ -6,6 +6,8 @@
 #include "Toolkit/TString.h"
 #include "Toolkit/smart_ptr.h"
 
+#include <string>
+
 namespace UIKit {
 
 class XMLNode;
@@ -18,6 +20,12 @@ struct UIKIT_API EventDescriptor {
     TString<wchar_t> sequence;
     TString<wchar_t> transition;
     TString<wchar_t> hotkey;
+
+    // Where the row was read ("home.xml" and its line), so that a row that
+    // fails when it is used can be reported against its file; empty and 0
+    // for rows made in code.
+    std::string file;
+    int line = 0;
 };
 
 } // namespace UIKit

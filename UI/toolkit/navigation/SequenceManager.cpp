@@ -27,6 +27,16 @@ bool knowsTransition(const TString<wchar_t>& name)
     return transitions && transitions->Get(name);
 }
 
+// The same for an event row, reported against the file the row came from.
+bool knowsRowTransition(const EventDescriptor& row)
+{
+    const auto transitions = TransitionManager::Instance();
+    if (transitions && transitions->Has(row.transition))
+        return true;
+    ReportUnknownTransition(row);
+    return false;
+}
+
 } // namespace
 
 const wchar_t* const SequenceManager::c_strAny = L"*";
@@ -94,7 +104,7 @@ bool SequenceManager::DoEvent(const TString<wchar_t>& sequence, const TString<wc
         // the next matching row gets its chance.
         if (!target || target == GetCurrentSequence())
             continue;
-        if (!knowsTransition(row->transition))
+        if (!knowsRowTransition(*row))
             return false;
         SetCurrentSequence(target);
         return target->DoTransition(row->transition, parameter);

@@ -20,6 +20,8 @@ public:
     void Remove(const TString<wchar_t>& name);
     // The transition of exactly that name, or null (logged).
     Toolkit::smart_ptr<ITransition> Get(const TString<wchar_t>& name) const;
+    // Whether the name is registered; logs nothing.
+    bool Has(const TString<wchar_t>& name) const { return m_transitions.count(name) != 0; }
 
 private:
     std::map<TString<wchar_t>, Toolkit::smart_ptr<ITransition>> m_transitions;

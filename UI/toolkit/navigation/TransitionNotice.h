@@ -8,4 +8,9 @@ namespace UIKit {
 
 UIKIT_API void NotifyBeforeTransition();
 
+struct EventDescriptor;
+// An event row named a transition that nobody registered: one report, as
+// "file:line: Transition [name] not found!" when the row came from a file.
+UIKIT_API void ReportUnknownTransition(const EventDescriptor& row);
+
 } // namespace UIKit

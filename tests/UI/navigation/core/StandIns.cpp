@@ -7,6 +7,7 @@
 #include "module/SingletonSlot.h"
 #include "navigation/HotkeysManager.h"
 #include "navigation/ShortcutManager.h"
+#include "navigation/TransitionManager.h"
 #include "navigation/TransitionNotice.h"
 
 UIKIT_SINGLETON_SLOT(UIKit::EventManager)
@@ -22,4 +23,11 @@ UIKit::EventDescriptor::EventDescriptor(Toolkit::smart_ptr<XMLNode>) {}
 void UIKit::NotifyBeforeTransition()
 {
     ++navtest::g_beforeTransitions;
+}
+
+// Without the skin reader rows carry no file: the registry logs the name.
+void UIKit::ReportUnknownTransition(const EventDescriptor& row)
+{
+    if (const auto transitions = TransitionManager::Instance())
+        transitions->Get(row.transition);
 }
