@@ -3,6 +3,7 @@
 // built (hidden, then shown again), next to building the same 50 controls
 // directly in code from the same descriptions. Each measurement ends with
 // the screen painted. Uses the default appearance pack.
+#include "ControlGrid.h"
 #include "appearance/Appearance.h"
 #include "controls/ButtonCtrl.h"
 #include "controls/PanelCtrl.h"
@@ -43,19 +44,7 @@ wxRect cellOf(int i)
 
 std::string screenDescription(const std::string& className)
 {
-    std::ostringstream xml;
-    xml << "<Control class=\"" << className << R"(" name="Bench" bounds="0,0,380,414">)";
-    for (int i = 0; i < kControls; ++i) {
-        const wxRect r = cellOf(i);
-        const char* kind = i % 2 ? "StaticTextCtrl" : "ButtonCtrl";
-        xml << "<Control class=\"" << kind << "\" name=\"c" << i << "\" bounds=\"" << r.x << ',' << r.y << ','
-            << r.width << ',' << r.height << "\">"
-            << R"(<Enabled margin="10,10,10,10">button_normal.png</Enabled>)"
-            << R"(<Over margin="10,10,10,10">button_over.png</Over>)"
-            << R"(<Label>BT_CONNECT</Label><Font fore="255,255,255,255" ptsize="9"/></Control>)";
-    }
-    xml << "</Control>";
-    return xml.str();
+    return bench::ControlGrid(className, "0,0,380,414", kControls, cellOf, false);
 }
 
 const char* const c_events = R"(<Events sequence="*">

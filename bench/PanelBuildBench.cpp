@@ -2,6 +2,7 @@
 // painting it once, next to building 200 plain wxPanels of the same sizes
 // in code; and the repaint after one button changes state, next to a full
 // repaint of the panel. Uses the default appearance pack.
+#include "ControlGrid.h"
 #include "appearance/Appearance.h"
 #include "controls/ButtonCtrl.h"
 #include "controls/PanelCtrl.h"
@@ -16,7 +17,6 @@
 #include <wx/panel.h>
 
 #include <cstdlib>
-#include <sstream>
 
 using namespace UIKit;
 
@@ -32,20 +32,7 @@ wxRect cellOf(int i)
 
 std::string panelDescription()
 {
-    std::ostringstream xml;
-    xml << R"(<Control class="PanelCtrl" name="grid" bounds="0,0,620,600">)";
-    for (int i = 0; i < kColumns * kRows; ++i) {
-        const wxRect r = cellOf(i);
-        const char* kind = i % 2 ? "StaticTextCtrl" : "ButtonCtrl";
-        xml << "<Control class=\"" << kind << "\" name=\"c" << i << "\" bounds=\"" << r.x << ',' << r.y << ','
-            << r.width << ',' << r.height << "\">"
-            << R"(<Enabled margin="10,10,10,10">button_normal.png</Enabled>)"
-            << R"(<Over margin="10,10,10,10">button_over.png</Over>)"
-            << R"(<Selected margin="10,10,10,10">button_selected.png</Selected>)"
-            << R"(<Label>BT_CONNECT</Label><Font fore="255,255,255,255" ptsize="9"/></Control>)";
-    }
-    xml << "</Control>";
-    return xml.str();
+    return bench::ControlGrid("PanelCtrl", "0,0,620,600", kColumns * kRows, cellOf, true);
 }
 
 // The library's managers and the default pack, for the benchmark's run.
