@@ -28,7 +28,6 @@
 #include <wx/app.h>
 
 #include <cstdlib>
-#include <sstream>
 #include <string>
 
 using namespace UIKit;
