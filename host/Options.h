@@ -11,6 +11,7 @@ struct Options {
     TString<wchar_t> culture;        // e.g. "fr"
     TString<char> appearancesDir;    // where the packs are
     TString<char> tourDir;           // take screenshots there and exit
+    TString<char> scenario;          // what the simulated modems play (empty: the default one)
     bool verbose = false;
 
     // Fills the options; false (with a message on stderr) on bad input or
