@@ -74,11 +74,11 @@ bool StartDevices(const Options& options)
     Devices::Simulation::Scenario scenario;
     std::vector<TString<wchar_t>> messages;
     const bool usable = ReadScenario(path, scenario, messages);
-    for (const auto& message : messages)
-        std::fprintf(stderr, "connection-manager: %s\n", Toolkit::UTF8::ToUTF8(message).c_str());
     if (!usable) {
-        std::fprintf(stderr, "connection-manager: the scenario %s is not used; running with no device\n",
-                     path.c_str());
+        // One line: the first error is the one to fix, later ones often follow from it.
+        const TString<char> first = messages.empty() ? path + ": cannot be read" : Toolkit::UTF8::ToUTF8(messages.front());
+        std::fprintf(stderr, "connection-manager: %s (scenario not used: running with no device%s)\n", first.c_str(),
+                     messages.size() > 1 ? "; more errors in the log" : "");
         scenario = Devices::Simulation::Scenario{};
     }
     Devices::Simulation::ScenarioBackend::Install(std::move(scenario));
