@@ -1,6 +1,7 @@
 #include "HostApp.h"
 
 #include "DashboardFrame.h"
+#include "DeviceWiring.h"
 #include "Tour.h"
 
 #include "Toolkit/ILogger.h"
@@ -8,6 +9,7 @@
 #include "Toolkit/PathManager.h"
 #include "appearance/Appearance.h"
 #include "controls/StandardControls.h"
+#include "device/DeviceControls.h"
 #include "factory/CtrlFactory.h"
 #include "app/SingleApplicationInstance.h"
 #include "xml/ErrorSink.h"
@@ -125,6 +127,7 @@ void HostApp::registerControls()
     using namespace UIKit;
     auto factory = CtrlFactory::Instance();
     RegisterStandardControls(*factory);
+    RegisterDeviceControls(*factory);
     // Documents and controls the factory builds read the appearance's pack.
     factory->SetResources(Appearance::Instance().get());
 }
@@ -142,6 +145,7 @@ bool HostApp::createDashboard()
     }
     m_dashboard->Show(true);
     SetTopWindow(m_dashboard);
+    StartDevices(m_options);
     if (!m_options.tourDir.empty())
         Tour::Start(*m_dashboard, m_options.tourDir);
     return true;
@@ -149,6 +153,7 @@ bool HostApp::createDashboard()
 
 int HostApp::OnExit()
 {
+    StopDevices();
     App::m_pDashboard = nullptr;
     if (m_moduleStarted)
         (*Toolkit::LibModuleManager::s_pInstance)->ReleaseAll();
