@@ -39,7 +39,7 @@ private:
 // Called on the devices' threads: the popup manager posts the request.
 class DevicePopups : public Devices::DeviceEvent {
 public:
-    void OnDeviceFound(Devices::Device& device) override { show(device.GetName() + L" is ready"); }
+    void OnDeviceFound(Devices::Device& device) override { show(device.GetName() + L" was plugged in"); }
     void OnDeviceLost(Devices::Device& device) override { show(device.GetName() + L" was removed"); }
 
 private:
