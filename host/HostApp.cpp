@@ -145,8 +145,10 @@ bool HostApp::createDashboard()
     }
     m_dashboard->Show(true);
     SetTopWindow(m_dashboard);
-    StartDevices(m_options);
-    if (!m_options.tourDir.empty())
+    // The tour starts the devices itself once the screens are shown.
+    if (m_options.tourDir.empty())
+        StartDevices(m_options);
+    else
         Tour::Start(*m_dashboard, m_options.tourDir);
     return true;
 }
