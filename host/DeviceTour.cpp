@@ -89,10 +89,16 @@ public:
         }
         const Shot& shot = m_shots[m_next];
         if (!shot.ready()) {
+            m_settled = false;
             if (now() - m_since > c_stepLimit) {
                 std::printf("  not shown in time, skipped: %s\n", shot.file);
                 advance();
             }
+            return;
+        }
+        // One more tick, so the screen has slid in and painted.
+        if (!m_settled) {
+            m_settled = true;
             return;
         }
         const wxString path = wxFileName(m_folder, shot.file).GetFullPath();
@@ -108,6 +114,7 @@ private:
     {
         ++m_next;
         m_since = now();
+        m_settled = false;
     }
 
     wxTopLevelWindow& m_window;
@@ -115,6 +122,7 @@ private:
     std::vector<Shot> m_shots;
     size_t m_next = 0;
     std::chrono::steady_clock::time_point m_since;
+    bool m_settled = false;
 };
 
 std::vector<Shot> shots()

@@ -35,12 +35,13 @@ private:
     const TString<wchar_t> m_prefix;
 };
 
-// Puts a popup up for each device that the controller finds or loses.
+// Puts a popup up when the device in use comes or goes (plugged in or
+// out, or another one taken in its place).
 // Called on the devices' threads: the popup manager posts the request.
 class DevicePopups : public Devices::DeviceEvent {
 public:
-    void OnDeviceFound(Devices::Device& device) override { show(device.GetName() + L" was plugged in"); }
-    void OnDeviceLost(Devices::Device& device) override { show(device.GetName() + L" was removed"); }
+    void OnDeviceFound(Devices::Device& device) override { show(device.GetName() + L" is in use"); }
+    void OnDeviceLost(Devices::Device& device) override { show(device.GetName() + L" is no longer in use"); }
 
 private:
     static void show(const TString<wchar_t>& message)
