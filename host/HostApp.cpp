@@ -1,6 +1,7 @@
 #include "HostApp.h"
 
 #include "DashboardFrame.h"
+#include "DeviceWiring.h"
 #include "Session.h"
 #include "Tour.h"
 
@@ -38,7 +39,10 @@ bool HostApp::OnInit()
         return false;
     SetTopWindow(m_dashboard);
     StartNavigation();
-    if (!m_options.tourDir.empty())
+    // The tour starts the devices itself once the screens are shown.
+    if (m_options.tourDir.empty())
+        StartDevices(m_options);
+    else
         Tour::Start(*m_dashboard, m_options.tourDir);
     return true;
 }
@@ -101,6 +105,7 @@ bool HostApp::takeSingleInstance()
 // the libraries.
 int HostApp::OnExit()
 {
+    StopDevices();
     StopNavigation(m_dashboard);
     if (m_moduleStarted)
         (*Toolkit::LibModuleManager::s_pInstance)->ReleaseAll();

@@ -15,6 +15,7 @@ bool Options::Parse(int argc, wchar_t** argv)
         {wxCMD_LINE_OPTION, "b", "bundle-file", "file naming the bundle and its plug-ins", wxCMD_LINE_VAL_STRING, 0},
         {wxCMD_LINE_OPTION, "", "tour", "show each screen, save screenshots in this folder, then exit",
          wxCMD_LINE_VAL_STRING, 0},
+        {wxCMD_LINE_OPTION, "", "scenario", "scenario file the simulated modems play", wxCMD_LINE_VAL_STRING, 0},
         {wxCMD_LINE_SWITCH, "v", "verbose", "log informational messages too", wxCMD_LINE_VAL_NONE, 0},
         {wxCMD_LINE_NONE, nullptr, nullptr, nullptr, wxCMD_LINE_VAL_NONE, 0},
     };
@@ -34,6 +35,8 @@ bool Options::Parse(int argc, wchar_t** argv)
         bundleFile = value.ToStdWstring();
     if (parser.Found("tour", &value))
         tourDir = value.utf8_string();
+    if (parser.Found("scenario", &value))
+        scenario = value.utf8_string();
     verbose = parser.Found("verbose");
     return true;
 }

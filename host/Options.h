@@ -13,6 +13,7 @@ struct Options {
     TString<char> pluginsDir;        // where the plug-in libraries are
     TString<wchar_t> bundleFile;     // the bundle file naming the plug-ins
     TString<char> tourDir;           // take screenshots there and exit
+    TString<char> scenario;          // what the simulated modems play (empty: the default one)
     bool verbose = false;
 
     // Fills the options; false (with a message on stderr) on bad input or

@@ -8,6 +8,7 @@
 #include "appearance/Appearance.h"
 #include "appearance/ConfDataFile.h"
 #include "controls/StandardControls.h"
+#include "device/DeviceControls.h"
 #include "factory/CtrlFactory.h"
 #include "navigation/SequenceManager.h"
 #include "plugins/PluginManager.h"
@@ -65,6 +66,7 @@ void RegisterControls()
 {
     auto factory = UIKit::CtrlFactory::Instance();
     UIKit::RegisterStandardControls(*factory);
+    UIKit::RegisterDeviceControls(*factory);
     // Documents and controls the factory builds read the appearance's pack.
     factory->SetResources(UIKit::Appearance::Instance().get());
 }

@@ -2,6 +2,7 @@
 
 #include "DashboardFrame.h"
 #include "UserInput.h"
+#include "DeviceTour.h"
 
 #include "appearance/Appearance.h"
 #include "controls/MonthPickerCtrl.h"
@@ -61,7 +62,7 @@ public:
         if (m_next == m_steps.size()) {
             Stop();
             std::printf("Tour finished: %zu screenshots in %s\n", m_steps.size(), m_folder.utf8_str().data());
-            m_frame.Close(true);
+            DeviceTour::Start(m_frame, m_folder.utf8_string());
             return;
         }
         m_steps[m_next++].action(m_frame);

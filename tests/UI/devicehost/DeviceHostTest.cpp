@@ -1,0 +1,145 @@
+// The connection manager with its device plug-in and a simulated modem on
+// the fake clock: the PIN screen hands what was typed to the controller for
+// the device that asked, and a scenario that cannot be read leaves the host
+// with no device and one message naming the file and the line.
+#include "DashboardFrame.h"
+#include "DeviceWiring.h"
+#include "Options.h"
+#include "Session.h"
+#include "TestSupport.h"
+
+#include "Toolkit/LibModuleManager.h"
+#include "Toolkit/UTF8.h"
+#include "device/DCControler.h"
+#include "factory/ControlIds.h"
+#include "navigation/ScreenCtrl.h"
+#include "util/Util.h"
+
+#include <gtest/gtest.h>
+#include <wx/app.h>
+
+#include <chrono>
+#include <clocale>
+#include <cstdlib>
+#include <functional>
+
+namespace {
+
+class DeviceHostTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        setenv("UIKIT_CONFIG_DIR", m_home.Str().c_str(), 1);
+        setenv("UIKIT_STATE_DIR", m_home.Str().c_str(), 1);
+        std::setlocale(LC_ALL, "C");
+        (*Toolkit::LibModuleManager::s_pInstance)->InitializeAll();
+        m_options.culture = L"en";
+        host::SetPaths(m_options);
+        ASSERT_TRUE(host::LoadAppearance(m_options));
+        host::RegisterControls();
+        m_dashboard = host::CreateDashboard();
+        ASSERT_NE(m_dashboard, nullptr);
+        host::StartNavigation();
+    }
+    void TearDown() override
+    {
+        host::StopDevices();
+        host::StopNavigation(m_dashboard);
+        (*Toolkit::LibModuleManager::s_pInstance)->ReleaseAll();
+        unsetenv("UIKIT_CONFIG_DIR");
+        unsetenv("UIKIT_STATE_DIR");
+    }
+
+    // Handles posted events until the condition holds (false after a
+    // generous guard: the modems run on the fake clock, so it never waits).
+    static bool until(const std::function<bool()>& condition)
+    {
+        const auto guard = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (!condition() && std::chrono::steady_clock::now() < guard)
+            wxTheApp->ProcessPendingEvents();
+        return condition();
+    }
+    UIKit::ScreenCtrl* shown(const wchar_t* screen) const
+    {
+        auto* current = m_dashboard->GetCurrentRunningScreen();
+        return current && current->IsShown() && current->GetDescriptor()->GetClass() == screen ? current : nullptr;
+    }
+    static TString<wchar_t> label(wxWindow* screen, const wchar_t* control)
+    {
+        TString<wchar_t> text;
+        UIKit::Util::GetWindowLabel(screen, TString<wchar_t>(control), text);
+        return text;
+    }
+    static void answer(UIKit::ScreenCtrl* screen, const wchar_t* pin)
+    {
+        UIKit::Util::SetWindowLabel(screen, TString<wchar_t>(L"PinCode"), pin);
+        wxCommandEvent ok(wxEVT_BUTTON, UIKit::ID_OK);
+        screen->ProcessWindowEvent(ok);
+    }
+
+    testsupport::TempDir m_home;
+    host::Options m_options;
+    host::DashboardFrame* m_dashboard = nullptr;
+};
+
+TEST_F(DeviceHostTest, PinScreenAnswersTheControllerWithTheTypedCode)
+{
+    testsupport::FakeClock clock;
+    m_options.scenario = m_home.Write("pin.scenario", "A modem name=\"Test modem\" pin=2468 pin-attempts=3\n"
+                                                      "A plug\nA init opened identified sim\nA unlock\n"
+                                                      "A init unlocked completed\n")
+                             .string();
+    ASSERT_TRUE(host::StartDevices(m_options));
+    auto controller = UIKit::DCControler::Instance();
+    ASSERT_TRUE(until([&] { return shown(L"PinScreen"); })) << "no PIN screen for the request";
+    EXPECT_EQ(label(shown(L"PinScreen"), L"DeviceName"), L"Test modem");
+    EXPECT_NE(label(shown(L"PinScreen"), L"Attempts").find(L"3"), TString<wchar_t>::npos);
+
+    // A wrong PIN comes back refused, with one attempt fewer.
+    answer(shown(L"PinScreen"), L"1357");
+    ASSERT_TRUE(until([&] { return shown(L"PinScreen") && !label(shown(L"PinScreen"), L"Refused").empty(); }))
+        << "a refused PIN is asked again, saying so";
+    EXPECT_NE(label(shown(L"PinScreen"), L"Attempts").find(L"2"), TString<wchar_t>::npos);
+    EXPECT_TRUE(label(shown(L"PinScreen"), L"PinCode").empty()) << "the typed code stays on screen";
+
+    answer(shown(L"PinScreen"), L"2468");
+    EXPECT_TRUE(until([&] {
+        UIKit::DCControler::DeviceMap devices;
+        controller->GetDevices(devices);
+        return devices.size() == 1 && devices.begin()->second->GetInfo().lock == Devices::LockNone;
+    })) << "the right PIN did not unlock the device";
+    EXPECT_FALSE(shown(L"PinScreen"));
+}
+
+TEST_F(DeviceHostTest, ScenarioWithASyntaxErrorGivesItsLineAndNoDevice)
+{
+    testsupport::FakeClock clock;
+    struct Case {
+        const char* text;
+        const char* where; // the start of the first message
+    };
+    const Case cases[] = {
+        {"A modem name=A\nA plug\nA wait soon\n", ":3:"},
+        {"A modem name=A imei=12\nA plug\n", ":1:"},
+        {"A plug\n", ":1:"},
+    };
+    for (const auto& c : cases) {
+        const auto path = m_home.Write("bad.scenario", c.text).string();
+        Devices::Simulation::Scenario scenario;
+        std::vector<TString<wchar_t>> messages;
+        EXPECT_FALSE(host::ReadScenario(path, scenario, messages)) << c.text;
+        ASSERT_FALSE(messages.empty()) << c.text;
+        EXPECT_EQ(messages.front().rfind(Toolkit::UTF8::ToUNICODE(path + c.where), 0), 0u) << c.text;
+    }
+    m_options.scenario = m_home.Write("bad.scenario", "A modem name=A\nA plug\nA wait soon\n").string();
+    EXPECT_FALSE(host::StartDevices(m_options));
+    for (int i = 0; i < 200; ++i) {
+        clock.Advance(100);
+        wxTheApp->ProcessPendingEvents();
+    }
+    UIKit::DCControler::DeviceMap devices;
+    UIKit::DCControler::Instance()->GetDevices(devices);
+    EXPECT_TRUE(devices.empty()) << "a device of the refused scenario came up";
+}
+
+} // namespace
