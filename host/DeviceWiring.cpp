@@ -4,8 +4,11 @@
 #include "Devices/Simulation/ScenarioParser.h"
 #include "Toolkit/ILogger.h"
 #include "Toolkit/UTF8.h"
+#include "appearance/Appearance.h"
 #include "device/DCControler.h"
 #include "popups/NotifPopupManager.h"
+
+#include <wx/app.h>
 
 #include <cstdio>
 
@@ -37,17 +40,28 @@ private:
 
 // Puts a popup up when the device in use comes or goes (plugged in or
 // out, or another one taken in its place).
-// Called on the devices' threads: the popup manager posts the request.
+// Called on the devices' threads, which may not read the string table: the
+// text is made on the GUI thread, in the language shown at that moment.
 class DevicePopups : public Devices::DeviceEvent {
 public:
-    void OnDeviceFound(Devices::Device& device) override { show(device.GetName() + L" is in use"); }
-    void OnDeviceLost(Devices::Device& device) override { show(device.GetName() + L" is no longer in use"); }
+    void OnDeviceFound(Devices::Device& device) override { show("LB_POPUP_DEVICE_IN_USE", device.GetName()); }
+    void OnDeviceLost(Devices::Device& device) override { show("LB_POPUP_DEVICE_GONE", device.GetName()); }
 
 private:
-    static void show(const TString<wchar_t>& message)
+    static void show(const char* key, const TString<wchar_t>& name)
     {
-        if (auto popups = UIKit::Singleton<UIKit::NotifPopupManager>::Instance())
-            popups->AddWindow(message, true, L"", L"", L"", nullptr, false);
+        if (wxTheApp)
+            wxTheApp->CallAfter([key, name] { showOnGuiThread(key, name); });
+    }
+    static void showOnGuiThread(const char* key, const TString<wchar_t>& name)
+    {
+        const auto appearance = UIKit::Appearance::Instance();
+        const auto popups = UIKit::Singleton<UIKit::NotifPopupManager>::Instance();
+        if (!appearance || !popups)
+            return;
+        wxString text(appearance->GetStr(TString<char>(key)));
+        text.Replace("%s", wxString(name));
+        popups->AddWindow(TString<wchar_t>(text.ToStdWstring()), true, L"", L"", L"", nullptr, false);
     }
 };
 
