@@ -2,13 +2,9 @@
 // the fake clock: the PIN screen hands what was typed to the controller for
 // the device that asked, and a scenario that cannot be read leaves the host
 // with no device and one message naming the file and the line.
-#include "DashboardFrame.h"
-#include "DeviceWiring.h"
-#include "Options.h"
-#include "Session.h"
+#include "UI/host/HostFixture.h"
 #include "TestSupport.h"
 
-#include "Toolkit/LibModuleManager.h"
 #include "Toolkit/UTF8.h"
 #include "device/DCControler.h"
 #include "factory/ControlIds.h"
@@ -19,35 +15,17 @@
 #include <wx/app.h>
 
 #include <chrono>
-#include <clocale>
-#include <cstdlib>
 #include <functional>
 
 namespace {
 
-class DeviceHostTest : public testing::Test {
+class DeviceHostTest : public hosttest::HostFixture {
 protected:
     void SetUp() override
     {
-        setenv("UIKIT_CONFIG_DIR", m_home.Str().c_str(), 1);
-        setenv("UIKIT_STATE_DIR", m_home.Str().c_str(), 1);
-        std::setlocale(LC_ALL, "C");
-        (*Toolkit::LibModuleManager::s_pInstance)->InitializeAll();
-        m_options.culture = L"en";
-        host::SetPaths(m_options);
-        ASSERT_TRUE(host::LoadAppearance(m_options));
-        host::RegisterControls();
-        m_dashboard = host::CreateDashboard();
-        ASSERT_NE(m_dashboard, nullptr);
-        host::StartNavigation();
-    }
-    void TearDown() override
-    {
-        host::StopDevices();
-        host::StopNavigation(m_dashboard);
-        (*Toolkit::LibModuleManager::s_pInstance)->ReleaseAll();
-        unsetenv("UIKIT_CONFIG_DIR");
-        unsetenv("UIKIT_STATE_DIR");
+        HostFixture::SetUp();
+        if (!HasFatalFailure())
+            host::StartNavigation();
     }
 
     // Handles posted events until the condition holds (false after a
@@ -77,9 +55,6 @@ protected:
         screen->ProcessWindowEvent(ok);
     }
 
-    testsupport::TempDir m_home;
-    host::Options m_options;
-    host::DashboardFrame* m_dashboard = nullptr;
 };
 
 TEST_F(DeviceHostTest, PinScreenAnswersTheControllerWithTheTypedCode)

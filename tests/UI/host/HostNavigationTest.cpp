@@ -2,15 +2,12 @@
 // build made, the bundle file naming them. Buttons and hot keys move it from
 // screen to screen through the pack's event rows, and the usage screen keeps
 // the monthly allowance in the preferences.
-#include "DashboardFrame.h"
+#include "UI/host/HostFixture.h"
 #include "ErrorCapture.h"
-#include "Options.h"
-#include "Session.h"
 #include "TestSupport.h"
 #include "UserInput.h"
 
 #include "Preferences/AppPreferences.h"
-#include "Toolkit/LibModuleManager.h"
 #include "appearance/Appearance.h"
 #include "controls/NumericUpDownCtrl.h"
 #include "factory/ControlIds.h"
@@ -20,34 +17,11 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
-#include <cstdlib>
 
 namespace {
 
-class HostNavigationTest : public testing::Test {
+class HostNavigationTest : public hosttest::HostFixture {
 protected:
-    void SetUp() override
-    {
-        setenv("UIKIT_CONFIG_DIR", m_home.Str().c_str(), 1);
-        setenv("UIKIT_STATE_DIR", m_home.Str().c_str(), 1);
-        std::setlocale(LC_ALL, "C");
-        (*Toolkit::LibModuleManager::s_pInstance)->InitializeAll();
-        host::Options options;
-        options.culture = L"en";
-        host::SetPaths(options);
-        ASSERT_TRUE(host::LoadAppearance(options));
-        host::RegisterControls();
-        m_dashboard = host::CreateDashboard();
-        ASSERT_NE(m_dashboard, nullptr);
-    }
-    void TearDown() override
-    {
-        host::StopNavigation(m_dashboard);
-        (*Toolkit::LibModuleManager::s_pInstance)->ReleaseAll();
-        unsetenv("UIKIT_CONFIG_DIR");
-        unsetenv("UIKIT_STATE_DIR");
-    }
 
     // The class of the screen on show, empty when none is.
     TString<wchar_t> screen() const
@@ -61,8 +35,6 @@ protected:
         return button && button->IsSelected();
     }
 
-    testsupport::TempDir m_home;
-    host::DashboardFrame* m_dashboard = nullptr;
 };
 
 TEST_F(HostNavigationTest, ButtonsAndHotKeysMoveThroughThePacksEventRows)
