@@ -25,17 +25,11 @@ public:
         bar->Bind(wxEVT_SCROLL_CHANGED, [this](wxScrollEvent& e) { m_events.push_back(e.GetPosition()); });
         return bar;
     }
-    void Wheel(int rotation)
-    {
-        wxMouseEvent event(wxEVT_MOUSEWHEEL);
-        event.m_wheelRotation = rotation;
-        m_ctrl->OnMouseWheel(event);
-    }
-    static wxMouseEvent Mouse(wxEventType type, int y)
+    // A mouse event at y with the left button down; `rotation` for the wheel.
+    static wxMouseEvent Mouse(wxEventType type, int y, int rotation = 0)
     {
         wxMouseEvent event(type);
-        event.m_y = y;
-        event.m_leftDown = type != wxEVT_LEFT_UP;
+        event.m_y = y, event.m_leftDown = type != wxEVT_LEFT_UP, event.m_wheelRotation = rotation;
         return event;
     }
 
@@ -49,15 +43,13 @@ TEST_F(ScrollTest, ThumbFollowsRangeAndClampsAtBothEnds)
 {
     using Op = std::function<void(ScrollTest&, VScrollBar&)>;
     auto click = [](int y) { return Op([y](ScrollTest&, VScrollBar& b) { auto e = Mouse(wxEVT_LEFT_DOWN, y); b.OnLeftClick(e); }); };
-    auto wheel = [](int r) { return Op([r](ScrollTest& t, VScrollBar&) { t.Wheel(r); }); };
+    auto wheel = [](int r) { return Op([r](ScrollTest& t, VScrollBar&) { auto e = Mouse(wxEVT_MOUSEWHEEL, 0, r); t.m_ctrl->OnMouseWheel(e); }); };
     auto setPos = [](double p) { return Op([p](ScrollTest&, VScrollBar& b) { b.SetPos(p); }); };
-    struct Case {
-        const char* what;
-        double start;
-        Op op;
-        double thumb;
-        std::vector<int> events;
+    const Op drag = [](ScrollTest&, VScrollBar& b) {
+        auto press = Mouse(wxEVT_LEFT_DOWN, 10), move = Mouse(wxEVT_MOTION, 35), release = Mouse(wxEVT_LEFT_UP, 35);
+        b.OnLeftClick(press), b.OnMotion(move), b.OnLeftRelease(release);
     };
+    struct Case { const char* what; double start; Op op; double thumb; std::vector<int> events; };
     const Case cases[] = {
         {"wheel down one step", 0, wheel(-120), 10, {50}},
         {"a big wheel turn is still one step", 0, wheel(-960), 10, {50}},
@@ -66,10 +58,7 @@ TEST_F(ScrollTest, ThumbFollowsRangeAndClampsAtBothEnds)
         {"up button", 30, [](ScrollTest& t, VScrollBar&) { wxCommandEvent up(wxEVT_BUTTON, ID_UP); t.m_ctrl->ProcessWindowEvent(up); }, 20, {100}},
         {"click in the track centres the thumb", 0, click(100), 80, {400}},
         {"click near the bottom clamps", 0, click(199), 160, {800}},
-        {"drag the thumb by 25", 0, [](ScrollTest&, VScrollBar& b) {
-             auto press = Mouse(wxEVT_LEFT_DOWN, 10), move = Mouse(wxEVT_MOTION, 35), release = Mouse(wxEVT_LEFT_UP, 35);
-             b.OnLeftClick(press), b.OnMotion(move), b.OnLeftRelease(release);
-         }, 25, {125}},
+        {"drag the thumb by 25", 0, drag, 25, {125}},
         {"to bottom", 0, [](ScrollTest&, VScrollBar& b) { b.SetVScrollBarToBottom(); }, 160, {800}},
         {"negative at the top does nothing", 0, setPos(-5), 0, {}},
         {"negative from 30 goes to the top", 30, setPos(-5), 0, {0}},
