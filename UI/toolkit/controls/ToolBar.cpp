@@ -168,9 +168,10 @@ bool ToolBar::Enable(bool enable)
     return Control::Enable(enable);
 }
 
-void ToolBar::OnSize(wxSizeEvent&)
+void ToolBar::OnSize(wxSizeEvent& event)
 {
-    // Only the row follows the size; the background keeps its rendering.
+    // The background is rendered again at the new size, then the row follows.
+    PanelCtrl::OnSize(event);
     ArrangeItems();
 }
 
