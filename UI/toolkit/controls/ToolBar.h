@@ -23,6 +23,8 @@ public:
     ToolBar(wxWindow* parent, int id, const wxRect& bounds);
 
     virtual bool AutoHide() const;
+    // Lays the shown items out left to right; spacers get equal shares of
+    // the width the buttons and side paddings leave (none when negative).
     virtual void ArrangeItems();
     // Builds a button from the descriptor and appends it; false when the
     // descriptor makes no button. Does not arrange.
@@ -41,8 +43,9 @@ public:
     bool Enable(bool enable = true) override;
     bool AcceptsFocus() const override { return false; }
     bool AcceptsFocusFromKeyboard() const override { return false; }
-    // Collects the child buttons (the factory may add more afterwards; they
-    // are collected when the toolbar is next sized) and arranges them.
+    // Arranges the child buttons now and again from the event loop, since
+    // the factory builds them after loading; every arrangement takes child
+    // buttons that are not items yet into the row, in child order.
     bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor) override;
     void OnSize(wxSizeEvent& event) override;
     void OnSetFocus(wxFocusEvent& event) override;
