@@ -8,7 +8,12 @@
 #include "controls/PanelCtrl.h"
 #include "controls/ProgressBarCtrl.h"
 #include "controls/StaticTextCtrl.h"
+#include "controls/ToolBar.h"
+#include "controls/VScrollBar.h"
+#include "controls/VScrollCtrl.h"
 #include "descriptors/FrameCtrlDescriptor.h"
+#include "descriptors/VScrollBarDescriptor.h"
+#include "descriptors/VScrollCtrlDescriptor.h"
 #include "factory/CtrlFactory.h"
 #include "factory/CtrlGenerator.h"
 
@@ -26,6 +31,9 @@ void RegisterStandardControls(CtrlFactory& factory)
     factory.AddGenerator(L"AnimatedCtrl", CtrlGenerator<AnimatedCtrlDescriptor, AnimatedCtrl>::Make());
     factory.AddGenerator(L"ProgressBarCtrl", CtrlGenerator<ProgressBarCtrlDescriptor, ProgressBarCtrl>::Make());
     factory.AddGenerator(L"MonthPickerCtrl", CtrlGenerator<PanelCtrlDescriptor, MonthPickerCtrl>::Make());
+    factory.AddGenerator(L"VScrollBar", CtrlGenerator<VScrollBarDescriptor, VScrollBar>::Make());
+    factory.AddGenerator(L"VScrollCtrl", CtrlGenerator<VScrollCtrlDescriptor, VScrollCtrl>::Make());
+    factory.AddGenerator(L"ToolbarCtrl", CtrlGenerator<ToolbarCtrlDescriptor, ToolBar>::Make());
     factory.AddGenerator(L"NumericUpDownCtrl", CtrlGenerator<PanelCtrlDescriptor, NumericUpDownCtrl>::Make());
 }
 
