@@ -4,6 +4,7 @@
 // directly in code from the same descriptions. Each measurement ends with
 // the screen painted. Uses the default appearance pack.
 #include "ControlGrid.h"
+#include "DefaultPack.h"
 #include "appearance/Appearance.h"
 #include "controls/ButtonCtrl.h"
 #include "controls/PanelCtrl.h"
@@ -87,20 +88,12 @@ class Navigation {
 public:
     Navigation()
     {
-        setenv("UIKIT_APPEARANCES_DIR", UIKIT_SOURCE_DIR "/appearances", 1);
-        Appearance::CreateInstance();
-        CtrlFactory::CreateInstance();
-        TemplateManager::CreateInstance();
         Singleton<EventManager>::CreateInstance();
         Singleton<TransitionManager>::CreateInstance();
         Singleton<SequenceManager>::CreateInstance();
         Singleton<ScreenManager>::CreateInstance();
-        Appearance::CmdLine_OptionCulture = L"en";
-        m_ok = Appearance::Instance()->Init();
-        auto factory = CtrlFactory::Instance();
-        RegisterStandardControls(*factory);
-        factory->SetResources(Appearance::Instance().get());
-        m_loader.SetResources(Appearance::Instance().get());
+        m_ok = m_pack.Ok();
+        m_loader.SetResources(m_pack.Resources());
         m_loader.LoadFromBytes(c_events, std::char_traits<char>::length(c_events));
         Singleton<EventManager>::Instance()->Load(m_loader.GetRootNode());
         AddScreen("HomeBench", L"THome", L"Home");
@@ -119,10 +112,6 @@ public:
         Singleton<SequenceManager>::ReleaseInstance();
         Singleton<TransitionManager>::ReleaseInstance();
         Singleton<EventManager>::ReleaseInstance();
-        TemplateManager::ReleaseInstance();
-        CtrlFactory::ReleaseInstance();
-        Appearance::ReleaseInstance();
-        unsetenv("UIKIT_APPEARANCES_DIR");
     }
     bool Ok() const { return m_ok; }
 
@@ -153,6 +142,7 @@ public:
     IDashboard& Dashboard() { return *m_dashboard; }
 
 private:
+    bench::DefaultPack m_pack;
     bool m_ok = false;
     XMLLoader m_loader;
     BenchDashboard* m_dashboard = nullptr;

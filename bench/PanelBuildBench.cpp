@@ -3,6 +3,7 @@
 // in code; and the repaint after one button changes state, next to a full
 // repaint of the panel. Uses the default appearance pack.
 #include "ControlGrid.h"
+#include "DefaultPack.h"
 #include "appearance/Appearance.h"
 #include "controls/ButtonCtrl.h"
 #include "controls/PanelCtrl.h"
@@ -40,33 +41,16 @@ class Library {
 public:
     Library()
     {
-        setenv("UIKIT_APPEARANCES_DIR", UIKIT_SOURCE_DIR "/appearances", 1);
-        Appearance::CreateInstance();
-        CtrlFactory::CreateInstance();
-        TemplateManager::CreateInstance();
-        Appearance::CmdLine_OptionCulture = L"en";
-        m_ok = Appearance::Instance()->Init();
-        auto factory = CtrlFactory::Instance();
-        RegisterStandardControls(*factory);
-        factory->SetResources(Appearance::Instance().get());
-        m_loader.SetResources(Appearance::Instance().get());
+        m_loader.SetResources(m_pack.Resources());
         const std::string xml = panelDescription();
         m_loader.LoadFromBytes(xml.data(), xml.size());
-        m_descriptor = factory->CreateDescriptor(m_loader.GetRootNode());
+        m_descriptor = CtrlFactory::Instance()->CreateDescriptor(m_loader.GetRootNode());
     }
-    ~Library()
-    {
-        m_descriptor.reset();
-        TemplateManager::ReleaseInstance();
-        CtrlFactory::ReleaseInstance();
-        Appearance::ReleaseInstance();
-        unsetenv("UIKIT_APPEARANCES_DIR");
-    }
-    bool Ok() const { return m_ok && m_descriptor; }
+    bool Ok() const { return m_pack.Ok() && m_descriptor; }
     const Toolkit::smart_ptr<BaseCtrlDescriptor>& Descriptor() const { return m_descriptor; }
 
 private:
-    bool m_ok = false;
+    bench::DefaultPack m_pack;
     XMLLoader m_loader;
     Toolkit::smart_ptr<BaseCtrlDescriptor> m_descriptor;
 };

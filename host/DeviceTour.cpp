@@ -1,6 +1,7 @@
 #include "DeviceTour.h"
 
 #include "DeviceWiring.h"
+#include "TourSupport.h"
 
 #include "device/DCControler.h"
 #include "factory/ControlIds.h"
@@ -12,8 +13,6 @@
 #include <wx/filename.h>
 #include <wx/timer.h>
 #include <wx/toplevel.h>
-
-#include <gtk/gtk.h>
 
 #include <chrono>
 #include <cstdio>
@@ -60,16 +59,6 @@ bool popupShown()
     return popups && !popups->GetPopups().empty();
 }
 
-bool screenshot(const wxString& path)
-{
-    GdkWindow* root = gdk_get_default_root_window();
-    GdkPixbuf* pixels = gdk_pixbuf_get_from_window(root, 0, 0, gdk_window_get_width(root), gdk_window_get_height(root));
-    const bool saved = pixels && gdk_pixbuf_save(pixels, path.utf8_str(), "png", nullptr, nullptr);
-    if (pixels)
-        g_object_unref(pixels);
-    return saved;
-}
-
 // Polls for the next shot; wrong PINs are given while waiting for the PUK
 // screen, as a user who forgot the code would.
 class DeviceTourTimer : public wxTimer {
@@ -102,7 +91,7 @@ public:
             return;
         }
         const wxString path = wxFileName(m_folder, shot.file).GetFullPath();
-        std::printf("  screenshot%s: %s\n", screenshot(path) ? "" : " failed", path.utf8_str().data());
+        std::printf("  screenshot%s: %s\n", SaveScreenshot(path) ? "" : " failed", path.utf8_str().data());
         if (shot.answer)
             shot.answer();
         advance();
@@ -162,14 +151,7 @@ void DeviceTour::Start(wxTopLevelWindow& window, const TString<char>& folder)
     wxFileName::Mkdir(dir, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
     std::printf("Device tour: the simulated modems play their scenario (about a minute)\n");
     StartDevices(Options{});
-    auto* timer = new DeviceTourTimer(window, dir, shots());
-    wxWindow* self = &window;
-    window.Bind(wxEVT_DESTROY, [timer, self](wxWindowDestroyEvent& e) {
-        if (e.GetWindow() == self)
-            delete timer;
-        e.Skip();
-    });
-    timer->Start(250);
+    RunWhileWindowLives(window, new DeviceTourTimer(window, dir, shots()), 250);
 }
 
 } // namespace host

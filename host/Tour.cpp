@@ -3,6 +3,7 @@
 #include "DashboardFrame.h"
 #include "UserInput.h"
 #include "DeviceTour.h"
+#include "TourSupport.h"
 
 #include "appearance/Appearance.h"
 #include "controls/MonthPickerCtrl.h"
@@ -13,8 +14,6 @@
 
 #include <wx/filename.h>
 #include <wx/timer.h>
-
-#include <gtk/gtk.h>
 
 #include <cstdio>
 #include <functional>
@@ -29,19 +28,6 @@ struct Step {
     std::function<void(DashboardFrame&)> action;
 };
 
-// Reads the whole screen from the X server, so the window's cut outline
-// shows as it does to the user.
-bool screenshot(const wxString& path)
-{
-    GdkWindow* root = gdk_get_default_root_window();
-    GdkPixbuf* pixels = gdk_pixbuf_get_from_window(root, 0, 0, gdk_window_get_width(root), gdk_window_get_height(root));
-    if (!pixels)
-        return false;
-    const bool saved = gdk_pixbuf_save(pixels, path.utf8_str(), "png", nullptr, nullptr);
-    g_object_unref(pixels);
-    return saved;
-}
-
 // Runs one step per timer tick so each screenshot shows a settled window.
 class TourTimer : public wxTimer {
 public:
@@ -54,7 +40,7 @@ public:
     {
         if (m_next > 0) {
             const wxString path = wxFileName(m_folder, m_steps[m_next - 1].file).GetFullPath();
-            if (screenshot(path))
+            if (SaveScreenshot(path))
                 std::printf("  screenshot: %s\n", path.utf8_str().data());
             else
                 std::printf("  screenshot failed: %s\n", path.utf8_str().data());
@@ -133,15 +119,7 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
         {"06-hotkey-usage.png", [](DashboardFrame& f) { PressKey(f, WXK_F3); }},
     };
     std::printf("Tour: taking %zu screenshots into %s\n", steps.size(), folder.c_str());
-    // The timer lives as long as the window it drives: it goes with it.
-    auto* timer = new TourTimer(dashboard, dir, std::move(steps));
-    wxWindow* window = &dashboard;
-    dashboard.Bind(wxEVT_DESTROY, [timer, window](wxWindowDestroyEvent& e) {
-        if (e.GetWindow() == window)
-            delete timer;
-        e.Skip();
-    });
-    timer->Start(700);
+    RunWhileWindowLives(dashboard, new TourTimer(dashboard, dir, std::move(steps)), 700);
 }
 
 } // namespace host

@@ -6,15 +6,11 @@
 # Work files go to fuzz-out/ini/ at the top of the tree; an input that
 # crashes or takes more than a second is written to fuzz-out/ini/artifacts/.
 set -eu
-seconds=${1:-60}
-here=$(cd "$(dirname "$0")" && pwd)
-root=$(cd "$here/../.." && pwd)
-out="$root/fuzz-out/ini"
-cxx=${CXX_FUZZ:-clang++-14}
+target=ini
+. "$(dirname "$0")/fuzz-common.sh"
 toolkit="$root/platform/Toolkit"
-mkdir -p "$out/corpus" "$out/artifacts"
 
-"$cxx" -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined \
+"$cxx" $fuzz_flags \
     -I"$root/platform" \
     "$here/ini_fuzzer.cpp" "$toolkit/IniFile.cpp" "$toolkit/RegularFile.cpp" "$toolkit/AtomicFile.cpp" \
     "$toolkit/ILogger.cpp" "$toolkit/LogFileSink.cpp" "$toolkit/UTF8.cpp" "$toolkit/TString.cpp" \

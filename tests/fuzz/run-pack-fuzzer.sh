@@ -9,17 +9,13 @@
 # Work files go to fuzz-out/pack/ at the top of the tree; an input that
 # crashes is written to fuzz-out/pack/artifacts/.
 set -eu
-seconds=${1:-60}
-here=$(cd "$(dirname "$0")" && pwd)
-root=$(cd "$here/../.." && pwd)
-out="$root/fuzz-out/pack"
-cxx=${CXX_FUZZ:-clang++-14}
+target=pack
+. "$(dirname "$0")/fuzz-common.sh"
 lib="$root/build/lib"
-mkdir -p "$out/corpus" "$out/artifacts"
 
 app="$root/UI/toolkit/appearance"
 # shellcheck disable=SC2046
-"$cxx" -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined \
+"$cxx" $fuzz_flags \
     -I"$root/UI/toolkit" -I"$root/platform" $(wx-config --cxxflags base) \
     "$here/pack_fuzzer.cpp" "$app/IPack.cpp" "$app/ZipPack.cpp" "$app/DirectoryPack.cpp" \
     "$app/LanguageLine.cpp" "$app/PackLimits.cpp" "$app/TextExcerpt.cpp" "$root/UI/toolkit/xml/ErrorSink.cpp" \

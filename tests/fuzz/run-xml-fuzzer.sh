@@ -7,14 +7,10 @@
 # is written to fuzz-out/xml/artifacts/ and belongs, once fixed, in
 # tests/data/xml/regressions/ (replayed by uikit_tests).
 set -eu
-seconds=${1:-60}
-here=$(cd "$(dirname "$0")" && pwd)
-root=$(cd "$here/../.." && pwd)
-out="$root/fuzz-out/xml"
-cxx=${CXX_FUZZ:-clang++-14}
-mkdir -p "$out/corpus" "$out/artifacts"
+target=xml
+. "$(dirname "$0")/fuzz-common.sh"
 
-"$cxx" -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined \
+"$cxx" $fuzz_flags \
     -I"$root/UI/toolkit" -I"$root/tests/UI/xml" \
     "$here/xml_fuzzer.cpp" "$root/tests/UI/xml/XmlTestTree.cpp" "$root"/UI/toolkit/xml/Xml[A-Z]*.cpp \
     -o "$out/xml_fuzzer"
