@@ -8,6 +8,7 @@
 #include "controls/PanelCtrl.h"
 #include "controls/ProgressBarCtrl.h"
 #include "controls/StaticTextCtrl.h"
+#include "controls/StatesBoxCtrl.h"
 #include "controls/ToolBar.h"
 #include "controls/VScrollBar.h"
 #include "controls/VScrollCtrl.h"
@@ -30,6 +31,7 @@ void RegisterStandardControls(CtrlFactory& factory)
     factory.AddGenerator(L"EditTextCtrl", CtrlGenerator<EditTextCtrlDescriptor, EditTextCtrl>::Make());
     factory.AddGenerator(L"AnimatedCtrl", CtrlGenerator<AnimatedCtrlDescriptor, AnimatedCtrl>::Make());
     factory.AddGenerator(L"ProgressBarCtrl", CtrlGenerator<ProgressBarCtrlDescriptor, ProgressBarCtrl>::Make());
+    factory.AddGenerator(L"StatesBoxCtrl", CtrlGenerator<StatesBoxCtrlDescriptor, StatesBoxCtrl>::Make());
     factory.AddGenerator(L"MonthPickerCtrl", CtrlGenerator<PanelCtrlDescriptor, MonthPickerCtrl>::Make());
     factory.AddGenerator(L"VScrollBar", CtrlGenerator<VScrollBarDescriptor, VScrollBar>::Make());
     factory.AddGenerator(L"VScrollCtrl", CtrlGenerator<VScrollCtrlDescriptor, VScrollCtrl>::Make());
