@@ -1,0 +1,195 @@
+// The list against its data source and delegate: row events in any order
+// around a fill, filtering, sorting and selection, clicks, and what it
+// paints while it scrolls.
+#include "ListTestSupport.h"
+
+#include "controls/VScrollBar.h"
+#include "controls/VScrollCtrl.h"
+#include "lists/DataAdapterDataEvent.h"
+#include "lists/DataAdapterEvent.h"
+
+#include <set>
+#include <thread>
+
+using namespace UIKit;
+
+namespace liststest {
+namespace {
+
+// Steps on data {a, b, c}: F fills; +x appends row x to the data and
+// dispatches its ADD; -N erases row N and dispatches its REMOVE; uN=x
+// relabels row N and dispatches its UPDATE; AN / UN / RN dispatch alone;
+// T appends "t" and dispatches its ADD from a worker thread; p runs the
+// queue; s makes decorating drop the last row once.
+TEST_F(ListTest, RowEventsAroundAFillNeitherLoseNorDuplicateRows)
+{
+    struct Case { const char* what; std::vector<std::string> steps; std::string rows; size_t logged; };
+    const Case cases[] = {
+        {"add queued before a fill", {"+d", "F", "p"}, "a b c d", 0},
+        {"remove queued before a fill", {"F", "p", "-2", "F", "p"}, "a b", 0},
+        {"remove then add in order", {"F", "-0", "+d", "p"}, "b c d", 0},
+        {"add then remove, queued together", {"F", "+d", "-0", "p"}, "b c d", 1},
+        {"a fill between an add and an update", {"+d", "F", "u0=z", "p"}, "b c d z", 0},
+        {"add from a worker thread", {"F", "T", "p"}, "a b c t", 0},
+        {"update relabels and re-sorts", {"F", "u0=z", "p"}, "b c z", 0},
+        {"rows past the end", {"F", "A9", "U9", "R9", "p"}, "a b c", 1},
+        {"row count shrinking while filling", {"s", "F", "p"}, "a b", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        ListCtrl* list = Make();
+        Rows rows({L"a", L"b", L"c"});
+        ListCtrlDelegate delegate;
+        list->SetDelegate(&delegate);
+        auto dispatch = [&delegate](wxEventType type, unsigned int row) {
+            DataAdapterDataEvent event(type, 0, row);
+            delegate.DispatchEvent(event);
+        };
+        testsupport::LogCapture log;
+        for (const std::string& step : c.steps) {
+            const char op = step[0];
+            const unsigned int row = op == '+' || op == 'T' ? unsigned(rows.labels.size()) : unsigned(std::atoi(step.c_str() + 1));
+            if (op == 'F') list->SetDataSource(&rows);
+            else if (op == 'p') Pump();
+            else if (op == '+') rows.labels.push_back(std::wstring(1, wchar_t(step[1]))), dispatch(DataAdapterEvent::EVT_DATA_ADD, row);
+            else if (op == '-') rows.labels.erase(rows.labels.begin() + row), dispatch(DataAdapterEvent::EVT_DATA_REMOVE, row);
+            else if (op == 'u') rows.labels[row] = std::wstring(1, wchar_t(step.back())), dispatch(DataAdapterEvent::EVT_DATA_UPDATE, row);
+            else if (op == 'A') dispatch(DataAdapterEvent::EVT_DATA_ADD, row);
+            else if (op == 'U') dispatch(DataAdapterEvent::EVT_DATA_UPDATE, row);
+            else if (op == 'R') dispatch(DataAdapterEvent::EVT_DATA_REMOVE, row);
+            else if (op == 'T') rows.labels.push_back(L"t"), std::thread([&] { dispatch(DataAdapterEvent::EVT_DATA_ADD, row); }).join();
+            else if (op == 's') rows.onDecorate = [&rows] { rows.labels.pop_back(), rows.onDecorate = nullptr; };
+        }
+        EXPECT_EQ(Shown(*list), c.rows);
+        std::set<int> ids;
+        for (const auto* item : list->GetItems())
+            ids.insert(item->GetId());
+        EXPECT_EQ(ids.size(), list->GetItems().size()) << "ids are unique";
+        EXPECT_EQ(list->GetTotalHeight(), ShownHeight(*list));
+        EXPECT_EQ(log.Count(L"past the end"), c.logged);
+        list->Destroy();
+        Pump();
+    }
+}
+
+// Data {delta, alpha, charlie, bravo, echo}, "alpha" or "echo" selected
+// first; the rows shown, the selected row and its position afterwards.
+TEST_F(ListTest, FilterSortAndSelectionTogether)
+{
+    using Op = std::function<void(ListCtrl&)>;
+    struct Case { const char* what; const wchar_t* selected; Op op; std::string shown; unsigned int position; };
+    const Case cases[] = {
+        {"filter hides rows and their height", L"alpha", [](ListCtrl& l) { l.SetFilter(L"A"); }, "delta alpha charlie bravo", 1},
+        {"a hidden row stays selected", L"echo", [](ListCtrl& l) { l.SetFilter(L"a"); }, "delta alpha charlie bravo", 4},
+        {"10,000-character filter", L"echo", [](ListCtrl& l) { l.SetFilter(TString<wchar_t>(10000, L'x')); }, "", 4},
+        {"clearing the filter shows all", L"alpha", [](ListCtrl& l) { l.SetFilter(L"zz"), l.SetFilter(L""); }, "delta alpha charlie bravo echo", 1},
+        {"descending from 1", L"alpha", [](ListCtrl& l) { l.Sort(1, false); }, "delta echo charlie bravo alpha", 4},
+        {"ascending from 2", L"echo", [](ListCtrl& l) { l.Sort(2, true); }, "delta alpha bravo charlie echo", 4},
+        {"ascending from 0", L"echo", [](ListCtrl& l) { l.Sort(0, true); }, "alpha bravo charlie delta echo", 4},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        ListCtrl* list = Make();
+        Rows rows({L"delta", L"alpha", L"charlie", L"bravo", L"echo"});
+        list->SetDataSource(&rows);
+        const unsigned int row = c.selected == std::wstring(L"alpha") ? 1 : 4;
+        list->SetSelectedItem(ListCtrl::c_idBase + row);
+        const unsigned int generation = list->GetFilterGeneration();
+        c.op(*list);
+        list->SetFilter(list->GetFilter()); // the same text again changes nothing
+        list->ArrangeItems();
+        EXPECT_EQ(Shown(*list), c.shown);
+        EXPECT_LE(list->GetFilterGeneration() - generation, 2u);
+        EXPECT_EQ(list->GetTotalHeight(), ShownHeight(*list));
+        ASSERT_EQ(list->GetSelectedPosition(), c.position);
+        EXPECT_TRUE(list->GetItems()[c.position]->IsSelected());
+        EXPECT_EQ(list->GetItems()[c.position]->GetId(), int(ListCtrl::c_idBase + row));
+        // Shown rows alternate from the odd colour whatever is hidden.
+        bool odd = true;
+        for (const auto* item : list->GetItems()) {
+            if (!item->IsShown())
+                continue;
+            EXPECT_EQ(item->GetBackgroundColor().GetAsString(), (odd ? *wxRED : *wxBLUE).GetAsString());
+            odd = !odd;
+        }
+        list->Destroy();
+    }
+}
+
+// Two clicks on row 0, `gap` ms apart; the selection events the parent gets.
+TEST_F(ListTest, ClicksSelectDoubleClicksAndMultiSelection)
+{
+    struct Case { const char* what; uint64_t gap; bool multi; std::vector<int> events; bool selectedAfter; };
+    const Case cases[] = {
+        {"299 ms is a double click", 299, false, {0}, true},
+        {"300 ms selects again", 300, false, {0, 0}, true},
+        {"multi-selection toggles", 300, true, {0, 0}, false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        testsupport::FakeClock clock(10000);
+        ListCtrl* list = Make();
+        Rows rows({L"a", L"b"});
+        list->SetDataSource(&rows);
+        Pump();
+        if (c.multi)
+            list->beginMultiSelection();
+        std::vector<int> events;
+        m_frame->Bind(wxEventTypeTag<wxCommandEvent>(ListCtrl::EVT_ITEM_SELECTED), [&events](wxCommandEvent& e) { events.push_back(e.GetInt()); });
+        for (int click = 0; click < 2; ++click) {
+            wxCommandEvent event(wxEVT_BUTTON, int(ListCtrl::c_idBase));
+            event.SetEventObject(list->GetItems()[0]);
+            list->OnItemClick(event);
+            clock.Advance(c.gap);
+        }
+        Pump();
+        EXPECT_EQ(events, c.events);
+        EXPECT_EQ(list->GetItems()[0]->IsSelected(), c.selectedAfter);
+        EXPECT_EQ(rows.getSelectedRowCount(), c.selectedAfter ? 1u : 0u);
+        m_frame->Unbind(wxEventTypeTag<wxCommandEvent>(ListCtrl::EVT_ITEM_SELECTED), [](wxCommandEvent&) {});
+        list->Destroy();
+    }
+}
+
+// What the rows and the bar paint: alternate colours, and after one wheel
+// step (20 content pixels, 10 track pixels) the thumb and the rows moved.
+TEST_F(ListTest, PaintsAlternateRowsAndTheThumbAfterScrolling)
+{
+    auto pixel = [](SkinnedControl* control, int x, int y) {
+        const wxSize size = control->GetSize();
+        const wxImage image = controltest::Render(size, [&](wxDC& dc) { control->DrawBitmap(dc, wxRect(size)); });
+        return controltest::PixelAt(image, x, y);
+    };
+    for (unsigned int count : {5u, 6u, 10u}) {
+        SCOPED_TRACE(count);
+        ListCtrl* list = Make();
+        Rows rows(std::vector<std::wstring>(count, L"row"));
+        list->SetDataSource(&rows);
+        VScrollCtrl* scroll = list->GetScrollCtrl();
+        ASSERT_TRUE(scroll && scroll->GetScrollBar());
+        // Rows exactly as high as the list need no scroll control.
+        EXPECT_EQ(scroll->IsShown(), count > 5);
+        EXPECT_EQ(list->GetItemWidth(), count > 5 ? 110u : 120u);
+        EXPECT_EQ(pixel(list->GetItems()[0], 1, 1), *wxRED);
+        EXPECT_EQ(pixel(list->GetItems()[1], 1, 1), *wxBLUE);
+        wxMouseEvent wheel(wxEVT_MOUSEWHEEL);
+        wheel.m_wheelRotation = -120;
+        list->OnMouseWheel(wheel);
+        if (count != 10) {
+            list->Destroy();
+            continue;
+        }
+        EXPECT_EQ(list->GetScrollOffset(), 20);
+        EXPECT_EQ(list->GetItems()[1]->GetPosition(), wxPoint(0, 0));
+        VScrollBar* bar = scroll->GetScrollBar();
+        const wxImage image = controltest::Render(bar->GetSize(), [bar](wxDC& dc) { bar->DrawCustom(dc); });
+        EXPECT_EQ(controltest::SwatchAt(image, 5, 9), "none");
+        EXPECT_EQ(controltest::SwatchAt(image, 5, 10), "yellow.png");
+        EXPECT_EQ(controltest::SwatchAt(image, 5, 59), "yellow.png");
+        EXPECT_EQ(controltest::SwatchAt(image, 5, 60), "none");
+        list->Destroy();
+    }
+}
+
+} // namespace
+} // namespace liststest
