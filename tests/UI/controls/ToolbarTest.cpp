@@ -28,9 +28,10 @@ protected:
         m_documents.push_back(std::make_unique<descriptortest::Document>(xml, &m_resources));
         return CtrlFactory::Instance()->CreateDescriptor(m_documents.back()->Root());
     }
-    static std::string Button(const char* id, int width = 40)
+    static std::string Button(const char* id, int width = 40, const char* image = "")
     {
-        return std::string("<Control class=\"ButtonCtrl\" id=\"") + id + "\" bounds=\"0,5," + std::to_string(width) + ",20\"/>";
+        return std::string("<Control class=\"ButtonCtrl\" id=\"") + id + "\" bounds=\"0,5," + std::to_string(width) +
+               ",20\"><Enabled>" + image + "</Enabled></Control>";
     }
     // Built by the factory from "B" (40-pixel buttons ID_HOME, ID_SETTINGS,
     // ID_PREV_STATE in turn) and "S" (spacers), then laid out from the queue.
@@ -41,7 +42,7 @@ protected:
                           std::to_string(side) + "," + std::to_string(top) + "," + std::to_string(side) + ",0\">";
         int button = 0;
         for (char item : items)
-            xml += item == 'S' ? Button("ID_SPACER", 1) : Button(ids[button++]);
+            xml += item == 'S' ? Button("ID_SPACER", 1, "green.png") : Button(ids[button++], 40, "red.png");
         auto* bar = dynamic_cast<ToolBar*>(CtrlFactory::Instance()->CreateControl(Parse(xml + "</Control>"), m_frame, -1));
         wxTheApp->ProcessPendingEvents();
         return bar;
@@ -66,6 +67,28 @@ TEST_F(ToolbarTest, SpacersShareTheFreeWidth)
         // Laid out three times by now: the skin's y plus the top padding, without drifting.
         for (size_t i = 0; i < c.items.size(); ++i)
             EXPECT_EQ(bar->GetItems()[i]->GetRect(), wxRect(c.xs[i], 5 + c.top, c.items[i] == 'S' ? c.spacer : 40, 20)) << i;
+        bar->Destroy();
+    }
+}
+
+// The items as painted side by side: the widths of the green (spacer) runs
+// along one row of pixels.
+TEST_F(ToolbarTest, SpacersPaintTheirShare)
+{
+    for (const auto& [width, spacers] : {std::pair{300, std::vector<int>{80, 80}}, {180, std::vector<int>{20, 20}}}) {
+        ToolBar* bar = Build(width, 10, 0, "BSBSB");
+        const wxImage image = controltest::Render(bar->GetSize(), [bar](wxDC& dc) {
+            for (ButtonCtrl* item : bar->GetItems()) {
+                dc.SetDeviceOrigin(item->GetPosition().x, item->GetPosition().y);
+                item->DrawBitmap(dc, wxRect(item->GetSize()));
+            }
+        });
+        std::vector<int> runs;
+        for (int x = 0, run = 0; x <= width; ++x) {
+            const bool green = x < width && controltest::SwatchAt(image, x, 15) == "green.png";
+            run = green ? run + 1 : (run ? (runs.push_back(run), 0) : 0);
+        }
+        EXPECT_EQ(runs, spacers) << width;
         bar->Destroy();
     }
 }
