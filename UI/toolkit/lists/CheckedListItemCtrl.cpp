@@ -33,8 +33,12 @@ StatesBoxCtrl* CheckedListItemCtrl::GetStatesBox()
 
 Control* CheckedListItemCtrl::GetWorkingProgress()
 {
-    if (!m_progress)
+    if (!m_progress) {
         m_progress = Util::FindControl<Control>(this, L"WorkingProgress", true);
+        // Shown only while the row works, whatever the skin says.
+        if (m_progress)
+            m_progress->Show(m_state == Working);
+    }
     return m_progress;
 }
 

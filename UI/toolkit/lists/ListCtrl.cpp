@@ -160,6 +160,9 @@ void ListCtrl::Populate()
     const unsigned int count = m_dataSource->getRowCount();
     if (count == 0 || !m_dataSource->GetItemTemplate())
         return;
+    // The scroll bar is scaled once, by the layout after the fill, rather
+    // than after every row.
+    m_filling = true;
     for (unsigned int row = 0; row < count; ++row) {
         // Decorating may shrink the data; rows it adds arrive as events.
         if (row >= m_dataSource->getRowCount())
@@ -170,6 +173,7 @@ void ListCtrl::Populate()
             m_dataSource->decorateItemAtRowIndex(decorated, *item);
         }
     }
+    m_filling = false;
     m_sortPosition = 0;
     m_sortAscending = true;
     if (m_dataSource->getRowCount() > 0 && m_delegate->shouldSortAtIndex(m_sortPosition, m_sortAscending))
@@ -201,7 +205,8 @@ int ListCtrl::AddItem(ListItemCtrl* item)
         m_totalHeight += item->GetHeight();
     else
         item->Hide();
-    UpdateScroll(false);
+    if (!m_filling)
+        UpdateScroll(false);
     return int(m_items.size() - 1);
 }
 
@@ -359,16 +364,22 @@ void ListCtrl::Sort(unsigned int from, bool ascending)
 
 void ListCtrl::ArrangeItems()
 {
+    // The total height first, so the scroll control is shown or hidden and
+    // the rows are sized once, at their final width.
     m_totalHeight = 0;
+    for (ListItemCtrl* item : m_items) {
+        if (passesFilter(item))
+            m_totalHeight += item->GetHeight();
+        else if (item->IsShown())
+            item->Hide();
+    }
+    m_itemWidth = applyScroll(false);
     int y = -m_scrollOffset;
     bool odd = true;
     for (ListItemCtrl* item : m_items) {
-        if (!passesFilter(item)) {
-            item->Hide();
+        if (!passesFilter(item))
             continue;
-        }
         const int height = int(item->GetHeight());
-        m_totalHeight += unsigned(height);
         const wxColour& colour = odd ? m_oddRowColour : m_evenRowColour;
         const wxColour wanted = colour.IsOk() ? colour
                                 : item->GetDescriptor() && item->GetDescriptor()->GetBackColour().IsOk()
@@ -389,7 +400,6 @@ void ListCtrl::ArrangeItems()
         y += height;
         odd = !odd;
     }
-    UpdateScroll(false);
     RefreshUpdate(false);
 }
 
@@ -400,24 +410,30 @@ void ListCtrl::resizeItems(unsigned int width)
         item->SetControlSize(-1, -1, int(width), int(item->GetHeight()));
 }
 
-void ListCtrl::UpdateScroll(bool resetBar)
+unsigned int ListCtrl::applyScroll(bool resetBar)
 {
     const wxSize client = GetClientSize();
     unsigned int usable = unsigned(std::max(0, client.x));
-    if (VScrollCtrl* scroll = GetScrollCtrl()) {
-        VScrollBar* bar = scroll->GetScrollBar();
-        if (resetBar && bar)
-            bar->SetPos(0);
-        if (m_totalHeight <= unsigned(std::max(0, client.y))) {
-            scroll->Hide();
-            m_scrollOffset = 0;
-        } else {
-            scroll->Show();
-            if (bar && !m_items.empty())
-                bar->SetScroll(m_totalHeight, unsigned(m_items.size()), unsigned(client.y));
-            usable -= std::min(usable, unsigned(scroll->GetSize().x));
-        }
+    VScrollCtrl* scroll = GetScrollCtrl();
+    if (!scroll)
+        return usable;
+    VScrollBar* bar = scroll->GetScrollBar();
+    if (resetBar && bar)
+        bar->SetPos(0);
+    if (m_totalHeight <= unsigned(std::max(0, client.y))) {
+        scroll->Hide();
+        m_scrollOffset = 0;
+        return usable;
     }
+    scroll->Show();
+    if (bar && !m_items.empty())
+        bar->SetScroll(m_totalHeight, unsigned(m_items.size()), unsigned(client.y));
+    return usable - std::min(usable, unsigned(scroll->GetSize().x));
+}
+
+void ListCtrl::UpdateScroll(bool resetBar)
+{
+    const unsigned int usable = applyScroll(resetBar);
     if (usable != m_itemWidth)
         resizeItems(usable);
 }

@@ -125,6 +125,9 @@ private:
     void postToParent(wxEvent& event);
     void postSelected(int id, int position);
     void resizeItems(unsigned int width);
+    // Shows or hides the scroll control for the total height and scales its
+    // bar; returns the width left for the rows.
+    unsigned int applyScroll(bool resetBar);
 
     int m_scrollOffset = 0;
     unsigned int m_itemWidth = 0;
@@ -140,6 +143,8 @@ private:
     // Set once the descendants were searched for the scroll control after
     // the factory built them.
     bool m_scrollSearched = false;
+    // Populate is adding rows; the layout after it updates the scrolling.
+    bool m_filling = false;
     ListCtrlDelegate* m_delegate;
     IDataSource* m_dataSource;
     std::vector<ListItemCtrl*> m_items;

@@ -1,10 +1,9 @@
 #include "lists/ListItemCtrl.h"
 
 #include "controls/ImageCtrl.h"
+#include "controls/LabelPainter.h"
 #include "controls/ToolBar.h"
 #include "util/Util.h"
-
-#include <wx/dcclient.h>
 
 #include <cctype>
 
@@ -47,21 +46,23 @@ ToolBar* ListItemCtrl::GetContextBar()
 void ListItemCtrl::SetControlLabel(const TString<wchar_t>& label)
 {
     m_labelText = label;
-    fitLabel();
+    m_fitNeeded = true;
+    RefreshUpdate(true);
     m_sortString = LowerSingleByte(label);
     m_filterString = m_sortString;
     m_filterGeneration = c_noGeneration;
 }
 
-void ListItemCtrl::fitLabel()
+void ListItemCtrl::fitLabel(wxDC& dc)
 {
-    ButtonCtrl::SetControlLabel(m_labelText);
-    m_fittedWidth = GetSize().x;
-    if (!m_text || !m_text->GetFont())
-        return;
+    m_fitNeeded = false;
+    m_labelArea = LabelPainter::Area(GetSize(), m_descriptor.get());
+    const auto font = m_text ? m_text->GetFont() : Toolkit::smart_ptr<FontDescriptor>();
     // A label font lets the text run over several lines.
-    wxClientDC dc(this);
-    Util::FormatLabelMultiline(dc, GetLabelArea().GetSize(), m_text->GetFont(), m_labelText, m_label);
+    if (font)
+        Util::FormatLabelMultiline(dc, m_labelArea.GetSize(), font, m_labelText, m_label);
+    else
+        Util::FormatLabel(dc, m_labelArea.GetSize(), font, m_labelText, Util::OneLineEllipsis, m_label);
 }
 
 void ListItemCtrl::SetSortString(const TString<wchar_t>& text)
@@ -124,7 +125,12 @@ void ListItemCtrl::UpdateLayout()
 
 void ListItemCtrl::DrawCustom(wxDC& dc)
 {
-    ButtonCtrl::DrawCustom(dc);
+    // The button's images; the label is the row's own.
+    PanelCtrl::DrawCustom(dc);
+    if (m_fitNeeded)
+        fitLabel(dc);
+    LabelPainter::Draw(dc, m_label, m_labelArea, m_text ? m_text->GetPlacement() : int(wxALIGN_CENTER),
+                       m_text ? m_text->GetFont().get() : nullptr, IsEnabled());
     if (!m_editMode) {
         if (m_indicator)
             m_indicator->Draw(dc, m_indicatorPosition);
@@ -168,9 +174,8 @@ void ListItemCtrl::OnSize(wxSizeEvent& event)
 {
     UpdateLayout();
     ButtonCtrl::OnSize(event);
-    // The label was fitted to the old width.
-    if (!m_labelText.empty() && GetSize().x != m_fittedWidth)
-        fitLabel();
+    // The label was fitted to the old size.
+    m_fitNeeded = !m_labelText.empty();
 }
 
 } // namespace UIKit

@@ -35,9 +35,12 @@ public:
     virtual void UpdateLayout();
 
     bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor) override;
-    // Fits the label (over several lines with a label font) and derives the
-    // sort and filter strings from it.
+    // Keeps the label and derives the sort and filter strings from it. The
+    // text is fitted (over several lines with a label font) when the row is
+    // next drawn, so rows that stay off screen never measure text.
     void SetControlLabel(const TString<wchar_t>& label) override;
+    // The whole label, not the fitted text.
+    const TString<wchar_t>& GetControlLabel() const override { return m_labelText; }
     void DrawCustom(wxDC& dc) override;
     void OnEnterWindow(wxMouseEvent& event) override;
     void OnLeaveWindow(wxMouseEvent& event) override;
@@ -66,12 +69,8 @@ public:
     // The C library's tolower on single-byte characters; others unchanged.
     static TString<wchar_t> LowerSingleByte(const TString<wchar_t>& text);
 
-protected:
-    // The full label text, before fitting.
-    const TString<wchar_t>& GetLabelText() const { return m_labelText; }
-
 private:
-    void fitLabel();
+    void fitLabel(wxDC& dc);
 
     Toolkit::smart_ptr<StaticTextCtrlDescriptor> m_text;
     Toolkit::smart_ptr<ImageCtrl> m_indicator;
@@ -85,7 +84,9 @@ private:
     TString<wchar_t> m_sortString;
     TString<wchar_t> m_filterString;
     TString<wchar_t> m_labelText;
-    int m_fittedWidth = -1;
+    wxRect m_labelArea;
+    // The fitted label is stale: the text or the size changed.
+    bool m_fitNeeded = false;
     bool m_editMode = false;
     ToolBar* m_contextBar = nullptr;
 };
