@@ -80,6 +80,7 @@ TEST_F(ListTest, FilterSortAndSelectionTogether)
     struct Case { const char* what; const wchar_t* selected; Op op; std::string shown; unsigned int position; };
     const Case cases[] = {
         {"filter hides rows and their height", L"alpha", [](ListCtrl& l) { l.SetFilter(L"A"); }, "delta alpha charlie bravo", 1},
+        {"a row added under a filter takes no place", L"alpha", [](ListCtrl& l) { l.SetFilter(L"a"), l.AddItem(L"zulu", int(l.GetFreeIndex()), ListItemCtrl::None); }, "delta alpha charlie bravo", 1},
         {"a hidden row stays selected", L"echo", [](ListCtrl& l) { l.SetFilter(L"a"); }, "delta alpha charlie bravo", 4},
         {"10,000-character filter", L"echo", [](ListCtrl& l) { l.SetFilter(TString<wchar_t>(10000, L'x')); }, "", 4},
         {"clearing the filter shows all", L"alpha", [](ListCtrl& l) { l.SetFilter(L"zz"), l.SetFilter(L""); }, "delta alpha charlie bravo echo", 1},
@@ -96,6 +97,8 @@ TEST_F(ListTest, FilterSortAndSelectionTogether)
         list->SetSelectedItem(ListCtrl::c_idBase + row);
         const unsigned int generation = list->GetFilterGeneration();
         c.op(*list);
+        EXPECT_EQ(Shown(*list), c.shown) << "kept without a new layout";
+        EXPECT_EQ(list->GetTotalHeight(), ShownHeight(*list));
         list->SetFilter(list->GetFilter()); // the same text again changes nothing
         list->ArrangeItems();
         EXPECT_EQ(Shown(*list), c.shown);
