@@ -143,8 +143,9 @@ void BM_Plain1000PanelsCreateAndShow(benchmark::State& state)
 }
 BENCHMARK(BM_Plain1000PanelsCreateAndShow)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
-// One wheel step down (back to the top at the end), repainted.
-void BM_List1000RowsScrollStep(benchmark::State& state)
+// Runs `step` once per iteration on a filled, painted list and repaints.
+template <class Step>
+void onFilledList(benchmark::State& state, Step step)
 {
     ListLibrary library;
     if (!library.Ok()) {
@@ -153,34 +154,51 @@ void BM_List1000RowsScrollStep(benchmark::State& state)
     }
     wxFrame* frame = nullptr;
     ListCtrl* list = library.MakeList(frame);
-    VScrollBar* bar = list->GetScrollCtrl()->GetScrollBar();
     for (auto _ : state) {
-        if (bar->GetThumbPosition() + bar->GetThumbRect().height >= bar->GetSize().y)
-            bar->SetPos(0);
-        else
-            bar->OnDown();
+        step(*list);
         list->Update();
     }
     destroy(frame);
 }
-BENCHMARK(BM_List1000RowsScrollStep)->Unit(benchmark::kMillisecond);
 
-// The same step by hand: every plain row moved up by one row height.
-void BM_Plain1000PanelsScrollStep(benchmark::State& state)
+// The same for the plain rows of the baseline.
+template <class Step>
+void onPlainRows(benchmark::State& state, Step step)
 {
     auto* frame = new wxFrame(nullptr, wxID_ANY, "bench", wxPoint(0, 0), wxSize(kWidth + 20, kHeight + 20));
     std::vector<wxPanel*> rows;
     wxPanel* panel = plainRows(frame, rows);
     frame->Show();
     panel->Update();
-    int offset = 0;
     for (auto _ : state) {
-        offset = offset >= kRows * kRowHeight - kHeight ? 0 : offset + kRowHeight;
-        for (int i = 0; i < kRows; ++i)
-            rows[i]->Move(0, i * kRowHeight - offset);
+        step(rows);
         panel->Update();
     }
     destroy(frame);
+}
+
+// One wheel step down (back to the top at the end).
+void BM_List1000RowsScrollStep(benchmark::State& state)
+{
+    onFilledList(state, [](ListCtrl& list) {
+        VScrollBar* bar = list.GetScrollCtrl()->GetScrollBar();
+        if (bar->GetThumbPosition() + bar->GetThumbRect().height >= bar->GetSize().y)
+            bar->SetPos(0);
+        else
+            bar->OnDown();
+    });
+}
+BENCHMARK(BM_List1000RowsScrollStep)->Unit(benchmark::kMillisecond);
+
+// The same step by hand: every plain row moved up by one row height.
+void BM_Plain1000PanelsScrollStep(benchmark::State& state)
+{
+    int offset = 0;
+    onPlainRows(state, [&offset](std::vector<wxPanel*>& rows) {
+        offset = offset >= kRows * kRowHeight - kHeight ? 0 : offset + kRowHeight;
+        for (int i = 0; i < kRows; ++i)
+            rows[i]->Move(0, i * kRowHeight - offset);
+    });
 }
 BENCHMARK(BM_Plain1000PanelsScrollStep)->Unit(benchmark::kMillisecond);
 
@@ -188,36 +206,22 @@ BENCHMARK(BM_Plain1000PanelsScrollStep)->Unit(benchmark::kMillisecond);
 // or deleting it again.
 void BM_List1000RowsFilterKeystroke(benchmark::State& state)
 {
-    ListLibrary library;
-    if (!library.Ok()) {
-        state.SkipWithError("the default pack did not load");
-        return;
-    }
-    wxFrame* frame = nullptr;
-    ListCtrl* list = library.MakeList(frame);
     bool typed = false;
-    for (auto _ : state) {
+    onFilledList(state, [&typed](ListCtrl& list) {
         typed = !typed;
-        list->SetFilter(typed ? L"1" : L"");
-        list->Update();
-    }
-    destroy(frame);
+        list.SetFilter(typed ? L"1" : L"");
+    });
 }
 BENCHMARK(BM_List1000RowsFilterKeystroke)->Unit(benchmark::kMillisecond);
 
 // The same keystroke by hand: plain rows hidden or shown and stacked again.
 void BM_Plain1000PanelsFilterKeystroke(benchmark::State& state)
 {
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "bench", wxPoint(0, 0), wxSize(kWidth + 20, kHeight + 20));
-    std::vector<wxPanel*> rows;
-    wxPanel* panel = plainRows(frame, rows);
     std::vector<std::wstring> labels;
     for (int i = 0; i < kRows; ++i)
-        labels.push_back(UIKit::ListItemCtrl::LowerSingleByte(rowLabel(unsigned(i))));
-    frame->Show();
-    panel->Update();
+        labels.push_back(ListItemCtrl::LowerSingleByte(rowLabel(unsigned(i))));
     bool typed = false;
-    for (auto _ : state) {
+    onPlainRows(state, [&](std::vector<wxPanel*>& rows) {
         typed = !typed;
         const std::wstring filter = typed ? L"1" : L"";
         int y = 0;
@@ -227,9 +231,7 @@ void BM_Plain1000PanelsFilterKeystroke(benchmark::State& state)
             if (match)
                 rows[i]->Move(0, y), y += kRowHeight;
         }
-        panel->Update();
-    }
-    destroy(frame);
+    });
 }
 BENCHMARK(BM_Plain1000PanelsFilterKeystroke)->Unit(benchmark::kMillisecond);
 
