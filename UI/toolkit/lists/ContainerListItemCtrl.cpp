@@ -78,10 +78,16 @@ void ContainerListItemCtrl::UpdateLayout()
 
 void ContainerListItemCtrl::SetControlLabel(const TString<wchar_t>& label)
 {
-    if (ButtonCtrl* header = GetHeader())
-        header->SetControlLabel(label);
-    else
+    ButtonCtrl* header = GetHeader();
+    if (!header) {
         ListItemCtrl::SetControlLabel(label);
+    } else {
+        header->SetControlLabel(label);
+        setStringsFromLabel(label);
+    }
+    // The label sorts the row until a sort string is given.
+    if (m_ownSortString.empty())
+        m_ownSortString = LowerSingleByte(label);
 }
 
 bool ContainerListItemCtrl::Show(bool show)

@@ -46,11 +46,26 @@ ToolBar* ListItemCtrl::GetContextBar()
 void ListItemCtrl::SetControlLabel(const TString<wchar_t>& label)
 {
     m_labelText = label;
-    m_fitNeeded = true;
+    if (Control* child = mainLabel())
+        child->SetControlLabel(label);
+    else
+        m_fitNeeded = true;
     RefreshUpdate(true);
+    setStringsFromLabel(label);
+}
+
+void ListItemCtrl::setStringsFromLabel(const TString<wchar_t>& label)
+{
     m_sortString = LowerSingleByte(label);
     m_filterString = m_sortString;
     m_filterGeneration = c_noGeneration;
+}
+
+Control* ListItemCtrl::mainLabel()
+{
+    if (!m_mainLabel)
+        m_mainLabel = Util::FindControl<Control>(this, L"MainLabel", false);
+    return m_mainLabel;
 }
 
 void ListItemCtrl::fitLabel(wxDC& dc)
@@ -175,7 +190,7 @@ void ListItemCtrl::OnSize(wxSizeEvent& event)
     UpdateLayout();
     ButtonCtrl::OnSize(event);
     // The label was fitted to the old size.
-    m_fitNeeded = !m_labelText.empty();
+    m_fitNeeded = !m_labelText.empty() && !mainLabel();
 }
 
 } // namespace UIKit

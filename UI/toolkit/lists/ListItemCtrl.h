@@ -69,8 +69,15 @@ public:
     // The C library's tolower on single-byte characters; others unchanged.
     static TString<wchar_t> LowerSingleByte(const TString<wchar_t>& text);
 
+protected:
+    // The sort and filter strings of a row labelled `label`.
+    void setStringsFromLabel(const TString<wchar_t>& label);
+
 private:
     void fitLabel(wxDC& dc);
+    // The skin's child "MainLabel", which then shows the label instead of
+    // the row itself.
+    Control* mainLabel();
 
     Toolkit::smart_ptr<StaticTextCtrlDescriptor> m_text;
     Toolkit::smart_ptr<ImageCtrl> m_indicator;
@@ -89,6 +96,7 @@ private:
     bool m_fitNeeded = false;
     bool m_editMode = false;
     ToolBar* m_contextBar = nullptr;
+    Control* m_mainLabel = nullptr;
 };
 
 } // namespace UIKit
