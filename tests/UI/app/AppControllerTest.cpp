@@ -1,8 +1,4 @@
-#include "../frames/TestDashboard.h"
-
 #include "TestSupport.h"
-#include "controls/PanelCtrl.h"
-#include "factory/ControlIds.h"
 #include "app/App.h"
 #include "app/AppController.h"
 #include "app/IPCActivateAppConnection.h"
@@ -117,22 +113,6 @@ TEST(AppControllerTest, ListenersAreCalledOutsideTheLockOnTheListOfTheRoundsStar
         EXPECT_EQ(log, (std::vector<std::string>{"B stops", "late stops"}));
         changing->self.ReleaseRef();
     }
-}
-
-TEST(AppControllerTest, CloseButtonOfTheDashboardIsShownAndHidden)
-{
-    AppController controller;
-    controller.ShowCloseButton(false); // no dashboard: nothing to do
-
-    auto* dashboard = new frametest::TestDashboard();
-    auto* close = new PanelCtrl(dashboard, ID_FRAME_CLOSE, wxRect(0, 0, 10, 10));
-    App::m_pDashboard = dashboard;
-    controller.ShowCloseButton(false);
-    EXPECT_FALSE(close->IsShown());
-    controller.ShowCloseButton(true);
-    EXPECT_TRUE(close->IsShown());
-    App::m_pDashboard = nullptr;
-    delete dashboard;
 }
 
 // The host's top window; counts how often it is brought forward.

@@ -1,6 +1,7 @@
 // Notification popups on the 1280 x 1024 test display: their slots, how the
 // stack closes a gap, an ejecting popup that must not be moved, and
 // requests made on other threads.
+#include "../appearance/AppearanceTestSupport.h"
 #include "../descriptors/DescriptorTestSupport.h"
 
 #include "TestSupport.h"
@@ -16,7 +17,6 @@
 
 #include <wx/app.h>
 
-#include <fstream>
 #include <set>
 #include <thread>
 
@@ -37,8 +37,8 @@ protected:
     {
         FactoryFixture::SetUp();
         RegisterStandardControls(Factory());
-        const auto pack = testsupport::DataDir() / "packs" / "testskin.ar";
-        m_pack.documents[L"notifpopup"] = fileText(pack / "notifpopup.xml");
+        const auto pack = appearancetest::TestPackDir();
+        m_pack.documents[L"notifpopup"] = appearancetest::FileText(pack / "notifpopup.xml");
         for (const wchar_t* image : {L"background.png", L"button.png"})
             m_pack.images[image] = wxImage((pack / "graphics" / image).string());
         m_pack.strings["LB_TITLE"] = L"Title";
@@ -53,11 +53,6 @@ protected:
         NotifPopupManager::ReleaseInstance();
         TransitionManager::ReleaseInstance();
         FactoryFixture::TearDown();
-    }
-    static std::string fileText(const std::filesystem::path& path)
-    {
-        std::ifstream in(path);
-        return std::string(std::istreambuf_iterator<char>(in), {});
     }
     static NotifPopupManager& Popups() { return *NotifPopupManager::Instance(); }
     // Opens popups whose action, if a sequence is given, runs transition "go" in it.

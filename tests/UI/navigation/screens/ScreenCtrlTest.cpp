@@ -191,15 +191,4 @@ TEST_F(ScreenTest, WorkerJobRunsOnceAndEndsWithEditDisabled)
     EXPECT_TRUE(!Named(screen, "P")->IsShown() && Named(screen, "List")->IsShown());
 }
 
-TEST_F(ScreenTest, EventsOfADestroyedScreenReachNobody)
-{
-    TestScreen* screen = Build(c_workerScreen);
-    screen->ScreenSlideEnter();
-    screen->entered.Wait();
-    screen->gate.Set();
-    screen->Destroy();
-    wxTheApp->ProcessPendingEvents();
-    EXPECT_EQ(g_journal, std::vector<std::string>{"job"});
-}
-
 } // namespace screentest
