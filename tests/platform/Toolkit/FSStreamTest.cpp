@@ -1,4 +1,3 @@
-#include "Toolkit/Bytes.h"
 #include "Toolkit/FSStream.h"
 
 #include "TestSupport.h"
@@ -38,10 +37,6 @@ TEST(FSStreamTest, WritesAppendsAndReadsBackWholeFiles)
     EXPECT_EQ(in.Read(head, 2), 2);
     EXPECT_EQ(std::string(head, 2), "bc");
     EXPECT_EQ(in.Write("no", 2), -1); // read-only descriptor
-
-    auto bytes = Toolkit::Bytes::FromFile(path);
-    ASSERT_TRUE(bytes);
-    EXPECT_EQ(bytes->GetSize(), 9u);
 }
 
 TEST(FSStreamTest, MissingFilesAreQuietProbesOtherFailuresAreLogged)
@@ -60,9 +55,6 @@ TEST(FSStreamTest, MissingFilesAreQuietProbesOtherFailuresAreLogged)
     EXPECT_EQ(log.Size(), 2u) << log.Dump();
     EXPECT_TRUE(log.Contains(L"no/such/dir/out.txt: No such file or directory"));
     EXPECT_TRUE(log.Contains(L"unknown open mode 7"));
-
-    EXPECT_FALSE(Toolkit::Bytes::FromFile(dir.Str() + "/none.png"));
-    EXPECT_TRUE(log.Contains(L"none.png"));
 }
 
 } // namespace

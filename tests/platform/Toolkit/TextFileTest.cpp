@@ -45,44 +45,6 @@ TEST(TextFileTest, SplitsLinesAtEveryKindOfLineEnd)
     }
 }
 
-TEST(TextFileTest, InvalidUtf8BecomesReplacementCharactersAndIsFlagged)
-{
-    testsupport::TempDir dir;
-    const auto path = dir.Write("bad.txt", "ok\nbad \xFF\xFE end\ntrunc\xC3\nover\xC0\xAF\nlast \xEF\xBF\xBD");
-    Toolkit::TextFile file;
-    ASSERT_TRUE(file.Open(TString<char>(path.string())));
-    struct Expected {
-        std::wstring line;
-        bool valid;
-    };
-    const Expected expected[] = {
-        {L"ok", true},
-        {L"bad \uFFFD\uFFFD end", false},
-        {L"trunc\uFFFD", false},
-        {L"over\uFFFD", false},
-        {L"last \uFFFD", true}, // a real U+FFFD in the file is valid text
-    };
-    TString<wchar_t> line;
-    for (const auto& e : expected) {
-        ASSERT_TRUE(file.ReadLine(line));
-        EXPECT_EQ(line, e.line);
-        EXPECT_EQ(file.IsLastLineValid(), e.valid) << testing::PrintToString(e.line);
-    }
-    EXPECT_FALSE(file.ReadLine(line));
-    EXPECT_FALSE(file.HasError());
-}
-
-TEST(TextFileTest, MissingFileIsLoggedOnce)
-{
-    testsupport::LogCapture log;
-    testsupport::TempDir dir;
-    Toolkit::TextFile file;
-    EXPECT_FALSE(file.Open(TString<wchar_t>(dir.Path().wstring() + L"/none.txt")));
-    EXPECT_EQ(file.GetFirstLine(), L"");
-    EXPECT_TRUE(file.Eof());
-    EXPECT_EQ(log.Count(L"none.txt: No such file or directory"), 1u) << log.Dump();
-}
-
 // The reader's buffer boundaries must not split a CR LF pair or a BOM.
 TEST(TextFileTest, LineReaderIsIndependentOfChunkBoundaries)
 {
