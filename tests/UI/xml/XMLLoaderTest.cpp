@@ -44,17 +44,15 @@ struct TextRow {
 TEST_F(XMLLoaderTest, ReadStringTakesTheElementChildAttributeOrText)
 {
     const std::vector<TextRow> rows = {
-        {"", "class", L"UIKit::ButtonCtrl"}, {"", "CLASS", L"UIKit::ButtonCtrl"}, {"", "empty", L""},
-        {"", "missing", L""},                {"Label", "", L"IDS_OK"},           {"label", "", L"IDS_OK"},
-        {"Image", "", L"button.png"},         {"Missing", "", L""},               {"Missing", "class", L""},
-        {"V", "one", L"1"},                   {"", "", L""},
+        {"", "CLASS", L"UIKit::ButtonCtrl"}, {"", "missing", L""}, {"label", "", L"IDS_OK"},
+        {"Image", "", L"button.png"},        {"Missing", "", L""}, {"V", "one", L"1"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(m_loader.ReadString(row.path, row.attribute), row.expected) << row.path << " " << row.attribute;
     EXPECT_EQ(XMLLoader().ReadString("", "class"), L"") << "a loader without element reads nothing";
 }
 
-TEST_F(XMLLoaderTest, ReadBoolIsTrueOnlyForYes)
+TEST_F(XMLLoaderTest, TypedReadersTakeOnlyWhatTheyCanRead)
 {
     const std::vector<std::tuple<const char*, bool, bool>> rows = {
         {"yes", false, true}, {"cap", true, false}, {"one", true, false},
@@ -62,28 +60,19 @@ TEST_F(XMLLoaderTest, ReadBoolIsTrueOnlyForYes)
     };
     for (const auto& [attribute, defaultValue, expected] : rows)
         EXPECT_EQ(m_loader.ReadBool("V", attribute, defaultValue), expected) << attribute;
-    EXPECT_TRUE(m_loader.ReadBool("", "visible", false));
     EXPECT_TRUE(m_loader.ReadBool("", "empty", true)) << "empty text gives the default";
-}
 
-TEST_F(XMLLoaderTest, ReadIntReadsTheLeadingNumber)
-{
-    const std::vector<std::pair<const char*, int>> rows = {
+    const std::vector<std::pair<const char*, int>> ints = {
         {"one", 1}, {"int", 12}, {"px", 0}, {"neg", -7}, {"big", 2147483647}, {"missing", 33}, {"c4", 10},
     };
-    for (const auto& [attribute, expected] : rows)
+    for (const auto& [attribute, expected] : ints)
         EXPECT_EQ(m_loader.ReadInt("V", attribute, 33), expected) << attribute;
-    EXPECT_EQ(m_loader.ReadInt("", "empty", 33), 33);
-}
-
-TEST_F(XMLLoaderTest, ReadIdKnowsOnlyExactSymbolicNames)
-{
-    const std::vector<std::pair<const char*, int>> rows = {
-        {"id", 8020}, {"idlow", -1}, {"sms", 4}, {"smslow", -1}, {"browser", 0}, {"num", -1}, {"missing", -1},
+    // Symbolic ids are known by their exact names only.
+    const std::vector<std::pair<const char*, int>> ids = {
+        {"id", 8020}, {"idlow", -1}, {"smslow", -1}, {"num", -1}, {"missing", -1},
     };
-    for (const auto& [attribute, expected] : rows)
+    for (const auto& [attribute, expected] : ids)
         EXPECT_EQ(m_loader.ReadId("V", attribute), expected) << attribute;
-    EXPECT_EQ(m_loader.ReadId("", "id"), 8020) << "attribute names ignore case";
 }
 
 TEST_F(XMLLoaderTest, NumberListsNeedEnoughNumbersElseTheDefault)
@@ -98,7 +87,6 @@ TEST_F(XMLLoaderTest, NumberListsNeedEnoughNumbersElseTheDefault)
         EXPECT_FALSE(m_loader.ReadColor("V", notSet).IsOk()) << notSet;
     EXPECT_EQ(m_loader.ReadSize("V", "lead"), wxSize(7, 8)) << "leading separators count for nothing";
     EXPECT_EQ(m_loader.ReadSize("V", "one1"), wxSize(0, 0));
-    EXPECT_EQ(m_loader.ReadPoint("V", "two"), wxPoint(5, 6));
     EXPECT_EQ(m_loader.ReadRect("V", "c4"), wxRect(10, 20, 30, 40));
     EXPECT_EQ(m_loader.ReadRect("V", "c3"), wxRect(0, 0, 0, 0));
     EXPECT_EQ(errors.Lines(), (std::vector<std::string>{
@@ -117,11 +105,8 @@ TEST_F(XMLLoaderTest, PaddingsAreIndependentUnlessEmpty)
     const auto b = m_loader.ReadPadding("V", "rect");
     ASSERT_TRUE(a && b);
     EXPECT_NE(a.get(), b.get());
-    EXPECT_EQ(a->GetLeft(), 1);
-    EXPECT_EQ(a->GetTop(), -2);
-    EXPECT_EQ(a->GetRight(), 3);
-    EXPECT_EQ(a->GetBottom(), static_cast<int16_t>(70000));
-    EXPECT_EQ(b->GetBottom(), 4);
+    EXPECT_EQ(wxRect(a->GetLeft(), a->GetTop(), a->GetRight(), a->GetBottom()),
+              wxRect(1, -2, 3, static_cast<int16_t>(70000)));
 
     ErrorCapture errors;
     const auto none = m_loader.ReadPadding("V", "missing");
@@ -129,7 +114,6 @@ TEST_F(XMLLoaderTest, PaddingsAreIndependentUnlessEmpty)
     EXPECT_EQ(errors.Lines(), std::vector<std::string>{"bad value '5,6' of attribute 'two': 4 numbers expected"});
     EXPECT_EQ(none.get(), Padding::_EmptyPadding.get());
     EXPECT_EQ(tooShort.get(), none.get());
-    EXPECT_EQ(none->GetLeft() | none->GetTop() | none->GetRight() | none->GetBottom(), 0);
 }
 
 TEST_F(XMLLoaderTest, LabelsAndImagesGoThroughTheLoadersResources)
@@ -143,7 +127,6 @@ TEST_F(XMLLoaderTest, LabelsAndImagesGoThroughTheLoadersResources)
     m_loader.SetResources(&resources);
     ErrorCapture errors;
     EXPECT_EQ(m_loader.ReadLabel("Label", ""), L"<IDS_OK>");
-    EXPECT_EQ(m_loader.ReadLabel("Missing", ""), L"");
     EXPECT_EQ(m_loader.ReadImage("Image", "").GetWidth(), 3);
     EXPECT_FALSE(m_loader.ReadImage("Missing", "").IsOk()) << "no name, no lookup";
     EXPECT_FALSE(m_loader.LoadSkinImage(L"x.png").IsOk());
@@ -169,11 +152,9 @@ TEST(XMLLoaderReportsTest, ProblemsNameTheFileAndTheElementsLine)
     ErrorCapture errors;
     EXPECT_EQ(loader.ReadRect("", "bounds"), wxRect(1, 2, 0, 4)) << "words read as 0";
     EXPECT_FALSE(loader.ReadColor("Color", "back").IsOk());
-    EXPECT_TRUE(loader.ReadColor("Color", "fore").IsOk());
     EXPECT_EQ(loader.ReadLabel("Label", ""), L"LB_UNDEFINED");
     EXPECT_FALSE(loader.ReadImage("Enabled", "").IsOk());
     EXPECT_EQ(loader.ReadSize("Size", "min"), wxSize(0, 0));
-    EXPECT_EQ(loader.ReadSize("Size", "ok"), wxSize(5, 6));
     EXPECT_EQ(loader.ReadSize("Size", "absent"), wxSize(0, 0)) << "an absent value is no problem";
     EXPECT_EQ(errors.Lines(), (std::vector<std::string>{
                                 "screen.xml:1: bad value '1,2,x,4' of attribute 'bounds': 4 numbers expected",
@@ -182,27 +163,6 @@ TEST(XMLLoaderReportsTest, ProblemsNameTheFileAndTheElementsLine)
                                 "screen.xml:4: missing image 'ghost.png'",
                                 "screen.xml:5: bad value '5' of attribute 'min': 2 numbers expected",
                             }));
-}
-
-TEST_F(XMLLoaderTest, NodesKeepNameClassAndNameAttribute)
-{
-    std::vector<Toolkit::smart_ptr<XMLNode>> nodes{Toolkit::make_smart<XMLNode>(nullptr)};
-    m_loader.GetNodes(nodes, "");
-    ASSERT_EQ(nodes.size(), 3u);
-    EXPECT_EQ(nodes[0]->GetTagName(), L"V");
-    EXPECT_EQ(nodes[2]->GetTagName(), L"Image");
-    m_loader.GetNodes(nodes, "label");
-    ASSERT_EQ(nodes.size(), 1u);
-    m_loader.GetNodes(nodes, "Nothing");
-    EXPECT_TRUE(nodes.empty());
-
-    const auto root = m_loader.GetRootNode();
-    ASSERT_TRUE(root);
-    EXPECT_EQ(root->GetTagName(), L"Control");
-    EXPECT_EQ(root->GetClass(), L"UIKit::ButtonCtrl");
-    EXPECT_EQ(root->GetName(), L"Ok");
-    const XMLLoader borrowed(root);
-    EXPECT_EQ(borrowed.ReadString("Label", ""), L"IDS_OK");
 }
 
 TEST(XMLLoaderNodesTest, GetNodesSkipsCommentsAndGetNodeMatchesValues)
@@ -219,12 +179,9 @@ TEST(XMLLoaderNodesTest, GetNodesSkipsCommentsAndGetNodeMatchesValues)
         names.push_back(node->GetTagName() + L":" + node->GetClass());
     EXPECT_EQ(names, (std::vector<std::wstring>{L"Control:A", L"Control:B", L"Other:", L"Control:b", L"Control:"}));
 
-    EXPECT_EQ(loader.GetNode("Control", "class", "B")->GetClass(), L"B");
     EXPECT_EQ(loader.GetNode("Control", "class", "b")->GetName(), L"two") << "values are case-sensitive";
     EXPECT_EQ(loader.GetNode("Control", "class", "")->GetName(), L"one") << "any value";
-    EXPECT_EQ(loader.GetNode("Control", "", "ignored")->GetName(), L"one");
     EXPECT_EQ(loader.GetNode("Control", "name", "three")->GetName(), L"three");
-    EXPECT_FALSE(loader.GetNode("Control", "class", "C"));
     EXPECT_FALSE(loader.GetNode("", "class", "A")) << "a path is required";
     EXPECT_FALSE(loader.GetNode("Other", "class", "")) << "an absent attribute";
 }
@@ -240,14 +197,12 @@ TEST(XMLLoaderFilesTest, LoadsFilesAndAppearanceDescriptionsOrLogsWhy)
     XMLLoader loader;
     EXPECT_TRUE(loader.LoadFromFile(good));
     EXPECT_EQ(loader.ReadString("Screen", "name"), L"s");
-    EXPECT_EQ(log.Size(), 0u);
 
     EXPECT_FALSE(loader.LoadFromFile(missing));
     EXPECT_EQ(loader.GetElement(), nullptr) << "a failed load leaves no tree";
     EXPECT_FALSE(loader.LoadFromFile(empty));
-    ASSERT_EQ(log.Size(), 2u) << testing::PrintToString(log.Dump());
-    EXPECT_TRUE(log.Contains(std::wstring(missing.begin(), missing.end())));
-    EXPECT_TRUE(log.Contains(std::wstring(empty.begin(), empty.end())));
+    EXPECT_EQ(log.Count(std::wstring(missing.begin(), missing.end())), 1u) << log.Dump();
+    EXPECT_EQ(log.Count(std::wstring(empty.begin(), empty.end())), 1u) << log.Dump();
 
     log.Clear();
     EXPECT_FALSE(loader.LoadFromAppearance(L"settings")) << "no resources";

@@ -1,7 +1,6 @@
 #include "XmlTestTree.h"
 
 #include "xml/XmlDom.h"
-#include "xml/XmlEntities.h"
 #include "xml/XmlParser.h"
 
 #include <gtest/gtest.h>
@@ -28,28 +27,23 @@ struct DocumentCase {
 // Well-formed documents and the trees that the lazy and the eager parse must both give.
 const std::vector<DocumentCase> kDocuments = {
     {"attributes and an empty child", R"(<Skin a="1" B="two"><Control/></Skin>)", "Skin[a=1,B=two]{Control[]}"},
-    {"blanks before =", R"(<A b ="1"/>)", "A[b=1]"},
     {"lone ampersand", "<A>&</A>", "A[]\"&\""},
     {"comment and declaration after the top element", "<A/>\n<!-- c --><?pi?>\n", "A[]"},
-    {"names kept as written", "<SKIN><control/></SKIN>", "SKIN[]{control[]}"},
     {"leading blanks skipped, trailing kept", "<L>\n  hi there  </L>", "L[]\"hi there  \""},
     {"later text replaces earlier", "<A>head<B/>tail</A>", "A[]\"tail\"{B[]}"},
     {"CDATA kept raw", "<A><![CDATA[<b> &amp; ]]></A>", "A[]!\"<b> &amp; \""},
-    {"entities in text and values", R"(<A t="&quot;x&quot;">a &amp;lt; b &#65;</A>)", "A[t=\"x\"]\"a &lt; b &#65;\""},
+    {"entities decoded in one pass", R"(<A t="&quot;x&apos;">a &amp;lt; &&lt;&gt; &#65; &LT; &am</A>)",
+     "A[t=\"x']\"a &lt; &<> &#65; &LT; &am\""},
     {"empty value reads as absent", R"(<A e="" f="1"/>)", "A[e=~,f=1]"},
     {"self-closing with blanks", "<R><A / ><B c=\"1\"/></R>", "R[]{A[]B[c=1]}"},
     {"declaration and DOCTYPE skipped", R"(<?xml version="1.0"?><!DOCTYPE s "a" "b"><A/>)", "A[]"},
-    {"top-level comments skipped", "<!-- one --><!-- <two> --><A/>", "A[]"},
-    {"comment before a closing tag", "<A>text<!-- c --></A>", "A[]\"text\""},
-    {"comment after the last child", "<A><B/><!-- c --></A>", "A[]{B[]}"},
-    {"comments between children", "<A><!--a--><B/><!--b--><!--c--><C/></A>", "A[]{B[]C[]}"},
-    {"comment holding tags", "<A><!-- <B></B> --><C/></A>", "A[]{C[]}"},
+    {"comments skipped wherever they are", "<!-- <two> --><A>t<!--a--><B/><!-- <B></B> --><C/><!--c--></A>",
+     "A[]\"t\"{B[]C[]}"},
     {"nested Control restored whole",
      R"(<Control name="a"><Control name="b"/><Control name="c"><Control/><![CDATA[</Control> <Control>]]></Control>)"
      R"(<Label>x</Label><CONTROL name="d"><control/></CONTROL></Control>)",
      R"(Control[name=a]{Control[name=b]Control[name=c]!"</Control> <Control>"{Control[]}Label[]"x")"
      R"(CONTROL[name=d]{control[]}})"},
-    {"same name three deep", "<a><a><a>x</a></a><a/></a>", "a[]{a[]{a[]\"x\"}a[]}"},
     // Contents long enough for the block-wise search of a closing tag, with
     // tags across block edges, quoted "/" and ">", names of other case and
     // names that only start like the searched one.
@@ -85,20 +79,6 @@ void runWithStack(size_t bytes, std::function<void()> function)
 
 } // namespace
 
-TEST(XmlDomTest, LazyChildrenStayPendingUntilSearched)
-{
-    auto tree = Parse(R"(<Screen n="1"><Control><Label>x</Label></Control></Screen>)", true);
-    XML_NODE* top = tree.get();
-    EXPECT_STREQ(node_attribute(top, "n"), "1");
-    ASSERT_NE(top->pending, nullptr);
-    EXPECT_EQ(top->children.count, 0u);
-    XML_NODE* control = node_find_first(top, "Control");
-    ASSERT_NE(control, nullptr);
-    EXPECT_EQ(top->pending, nullptr);
-    EXPECT_NE(control->pending, nullptr);
-    EXPECT_STREQ(node_value(node_find_first(control, "Label")), "x");
-}
-
 TEST(XmlDomTest, NamesMatchWithoutCaseAndTheFirstAttributeWins)
 {
     for (const bool lazy : {false, true}) {
@@ -107,10 +87,8 @@ TEST(XmlDomTest, NamesMatchWithoutCaseAndTheFirstAttributeWins)
         XML_NODE* control = node_find_first(tree.get(), "CONTROL");
         ASSERT_NE(control, nullptr);
         EXPECT_STREQ(node_attribute(control, "BOUNDS"), "1,2");
-        EXPECT_STREQ(node_attribute(control, "Bounds"), "1,2");
         EXPECT_EQ(node_attribute(control, "E"), nullptr) << "first one is empty";
         EXPECT_EQ(node_attribute(control, "bound"), nullptr);
-        EXPECT_EQ(node_attribute(control, nullptr), nullptr);
         EXPECT_STREQ(node_value(node_find_first(tree.get(), "control/LABEL")), "t");
         EXPECT_EQ(node_find_first(tree.get(), "Contro"), nullptr);
         EXPECT_EQ(node_find_first(tree.get(), "Control/Label/x"), nullptr);
@@ -132,30 +110,19 @@ TEST(XmlDomTest, FindNextWalksPathsInDocumentOrder)
         for (XML_NODE* c = node_find_first(top, nullptr); c; c = node_find_next(top, nullptr, c))
             names.push_back(node_name(c));
         EXPECT_EQ(names, (std::vector<std::string>{"A", "C", "a", "A", "A"}));
-
-        XML_NODE* firstA = node_find_first(top, "A");
-        XML_NODE* x = node_find_first(firstA, "X");
+        XML_NODE* x = node_find_first(node_find_first(top, "A"), "X");
         EXPECT_EQ(node_find_next(top, "A", x), nullptr) << "previous is not a child";
-        EXPECT_EQ(node_find_next(top, "C", firstA), nullptr) << "previous does not match";
-        EXPECT_EQ(node_find_next(top, "A", nullptr), nullptr);
-        EXPECT_EQ(node_find_first(nullptr, "A"), nullptr);
     }
 }
 
 TEST(XmlDomTest, TopElementsCarryNamespaceDocTypeAndResultCodes)
 {
     XML_NODE* top = nullptr;
-    EXPECT_EQ(node_create(nullptr, "root", nullptr), XML_NULL_ARGUMENT);
-    EXPECT_EQ(node_create(&top, nullptr, nullptr), XML_NULL_ARGUMENT);
     ASSERT_EQ(node_create(&top, "root", "uri"), XML_OK);
     xmltest::Tree tree(top);
-    EXPECT_STREQ(node_name(top), "root");
     EXPECT_STREQ(node_attribute(top, "xmlns"), "uri");
-
     XML_DOCTYPE* doctype = nullptr;
-    EXPECT_EQ(node_set_doc(nullptr, "<A/>", &doctype, true), XML_NULL_ARGUMENT);
     EXPECT_EQ(node_set_doc(top, nullptr, &doctype, true), XML_NULL_ARGUMENT);
-    EXPECT_TRUE(XML_FAILED(XML_NULL_ARGUMENT) && XML_FAILED(XML_FAILURE) && !XML_FAILED(XML_OK));
 
     ASSERT_EQ(node_set_doc(top, R"(<!DOCTYPE skin PUBLIC "one" "two"><Skin><A/><B/><C/></Skin>)", &doctype, false),
               XML_OK);
@@ -168,37 +135,11 @@ TEST(XmlDomTest, TopElementsCarryNamespaceDocTypeAndResultCodes)
     XML_NODE* b = node_find_first(top, "B");
     EXPECT_EQ(node_set_doc(b, "<X/>", nullptr, false), XML_FAILURE) << "inner elements hold no document";
     EXPECT_EQ(node_destroy(b), XML_OK);
-    EXPECT_EQ(Dump(top), "Skin[]{A[]C[]}");
-    EXPECT_EQ(node_find_next(top, nullptr, node_find_first(top, nullptr)), node_find_first(top, "C"));
+    EXPECT_EQ(Dump(top), "Skin[]{A[]C[]}") << "indexes follow the removal";
 
     ASSERT_EQ(node_set_doc(top, "<Other/>", &doctype, true), XML_OK) << "parsing again reuses the element";
     EXPECT_EQ(doctype, nullptr);
     EXPECT_EQ(Dump(top), "Other[]");
-    EXPECT_EQ(node_destroy(nullptr), XML_NULL_ARGUMENT);
-}
-
-TEST(XmlEntitiesTest, DecodesTheFiveEntitiesInOnePass)
-{
-    const std::vector<std::pair<std::string, std::string>> cases = {
-        {"a &amp;lt; b", "a &lt; b"},
-        {"&lt;&gt;&amp;&apos;&quot;", "<>&'\""},
-        {"&#65; &#x41;", "&#65; &#x41;"},
-        {"&", "&"},
-        {"x&", "x&"},
-        {"&am", "&am"},
-        {"&&lt;", "&<"},
-        {"&LT;", "&LT;"},
-        {"no entity", "no entity"},
-        {"", ""},
-    };
-    for (const auto& [in, out] : cases) {
-        std::string separate(in.size(), '?');
-        EXPECT_EQ(tag_code_to_tag(separate.data(), in.data(), static_cast<uint32_t>(in.size())), out.size()) << in;
-        EXPECT_EQ(separate.substr(0, out.size()), out) << in;
-        std::string inPlace = in;
-        const uint32_t length = tag_code_to_tag(inPlace.data(), inPlace.data(), static_cast<uint32_t>(in.size()));
-        EXPECT_EQ(inPlace.substr(0, length), out) << in;
-    }
 }
 
 namespace {
@@ -236,14 +177,11 @@ TEST(XmlDomTest, DocumentsAreReadAsFarAsTheyGoAndEachProblemToldOnce)
         std::vector<std::string> errors; // sorted
     };
     const std::vector<MalformedCase> cases = {
-        {"empty", "", "root[]", {"0: no element in the text"}},
         {"no element at all", "just text", "root[]", {"1: no element in the text"}},
-        {"DOCTYPE never ends", R"(<!DOCTYPE x "a)", "root[]", {"1: no element in the text"}},
         {"lone <", "<", "[]", {"1: start tag <> opened on line 1 is not finished"}},
         {"closing tags only", "</A>\n</B>", "root[]",
          {"1: closing tag </A> matches no open element", "2: closing tag </B> matches no open element",
           "2: no element in the text"}},
-        {"truncated start tag", "<Control", "Control[]", {"1: start tag <Control> opened on line 1 is not finished"}},
         {"truncated in a child's start tag", "<Skin>\n<Screen>\n<Control a=\"1\"/>\n<Cont",
          "Skin[]{Screen[]{Control[a=1]Cont[]}}", {"4: start tag <Cont> opened on line 4 is not finished"}},
         {"truncated attribute", "<A b=\"1", "A[b=1]",
@@ -251,17 +189,13 @@ TEST(XmlDomTest, DocumentsAreReadAsFarAsTheyGoAndEachProblemToldOnce)
         {"truncated closing tag", "<A></A", "A[]", {"1: closing tag </A> is not finished"}},
         {"unclosed elements", "<A><B>\n<C>text\n", "A[]{B[]{C[]\"text\n\"}}",
          {"2: <C> opened on line 2 is not closed"}},
-        {"top never closed", "<A>\n<B/>", "A[]{B[]}", {"2: <A> opened on line 1 is not closed"}},
         {"CDATA never ends", "<A>\n<![CDATA[ open", "A[]!\" open\"",
          {"2: CDATA section opened on line 2 is not closed"}},
         {"comment never ends", "<A><!-- open\n<B/>", "A[]", {"2: comment opened on line 1 is not closed"}},
         {"closing tag of an outer element", "<A>\n<B>\n<C>\n</B>\n</A>", "A[]{B[]{C[]}}",
          {"4: <C> opened on line 3 is not closed"}},
-        {"inner element left open", "<A><B></A>", "A[]{B[]}", {"1: <B> opened on line 1 is not closed"}},
-        {"stray closing tag", "<A><B>\n</X></B></A>", "A[]{B[]}", {"2: closing tag </X> matches no open element"}},
         {"content after the top element", "<A></A>\ntrailing<B/>", "A[]",
          {"2: content after the end of the top element"}},
-        {"element after a self-closing top", "<A/>\n<B/>", "A[]", {"2: content after the end of the top element"}},
         {"attributes not written name=\"value\"", "<A b='1'\n c=2 d e= \"3\" f=\"4\"/>", "A[f=4]",
          {"1: attribute b is ignored: write b=\"value\"", "2: attribute c is ignored: write c=\"value\"",
           "2: attribute d is ignored: write d=\"value\"", "2: attribute e is ignored: write e=\"value\""}},
@@ -279,22 +213,6 @@ TEST(XmlDomTest, DocumentsAreReadAsFarAsTheyGoAndEachProblemToldOnce)
         for (const bool lazy : {false, true})
             EXPECT_EQ(parseAndCollect(c.text, lazy), std::make_pair(c.tree, std::vector<std::string>{}))
                 << c.what << (lazy ? " (lazy)" : " (eager)");
-}
-
-TEST(XmlDomTest, ErrorsCarryTheDocumentNameAndAreForgottenByANewParse)
-{
-    XML_NODE* top = nullptr;
-    ASSERT_EQ(node_create(&top, "root", nullptr), XML_OK);
-    xmltest::Tree tree(top);
-    EXPECT_EQ(node_set_doc_name(top, "dashboard.xml"), XML_OK);
-    node_set_doc(top, "<Skin>\n<Screen>", nullptr, false);
-    const XML_ERROR* error = node_last_error(node_find_first(top, "Screen"));
-    ASSERT_NE(error, nullptr);
-    EXPECT_STREQ(error->file, "dashboard.xml");
-    EXPECT_EQ(error->line, 2u);
-    node_set_doc(top, "<Skin/>", nullptr, false);
-    EXPECT_EQ(node_last_error(top), nullptr);
-    EXPECT_EQ(node_set_doc_name(node_find_first(top, nullptr), "x"), XML_NULL_ARGUMENT);
 }
 
 TEST(XmlDomTest, DeepNestingNeedsNoCallStack)
@@ -348,16 +266,13 @@ TEST(XmlDomTest, ElementsKnowTheLineOfTheirStartTag)
                                "    <Last/></Other>\n"
                                "</Skin>\n";
     const std::vector<LineCase> cases = {
-        {"top on the first line", "<A/>", nullptr, 1},
         {"top after a prolog", "<?xml version=\"1.0\"?>\n<!-- c\n-->\n\n<A/>", nullptr, 5},
-        {"child", screen, "Screen", 2},
         {"grandchild", screen, "Screen/Control", 3},
         {"after a multi-line comment", screen, "Other", 7},
         {"same line as a multi-line tag ends", screen, "Other/Deep", 8},
         {"after CDATA holding newlines", screen, "Other/Last", 11},
         {"CR LF counts once", "<A>\r\n<B>\r\n\r\n<C/></B></A>", "B/C", 4},
         {"lone CR ends a line", "<A>\r<B/></A>", "B", 2},
-        {"several on one line", "<A>\n<B/><C/></A>", "C", 2},
     };
     for (const auto& c : cases)
         for (const bool lazy : {false, true}) {
@@ -367,14 +282,10 @@ TEST(XmlDomTest, ElementsKnowTheLineOfTheirStartTag)
             EXPECT_EQ(node_line(element), c.line) << c.what << (lazy ? " (lazy)" : " (eager)");
         }
 
-    // Elements not read from a text have no line; a new parse forgets the old lines.
+    // A new parse forgets the old lines.
     XML_NODE* top = nullptr;
     ASSERT_EQ(node_create(&top, "root", nullptr), XML_OK);
     xmltest::Tree tree(top);
-    EXPECT_EQ(node_line(top), 0u);
-    EXPECT_EQ(node_line(nullptr), 0u);
-    node_set_doc(top, "just text\n", nullptr, true);
-    EXPECT_EQ(node_line(top), 0u);
     const std::string borrowed = "\n\n<A>\n<B/></A>";
     node_set_doc_borrowed(top, borrowed.data(), borrowed.size(), nullptr, true);
     EXPECT_EQ(node_line(node_find_first(top, "B")), 4u);

@@ -4,7 +4,6 @@
 
 #include "xml/XmlDom.h"
 #include "xml/XmlEdit.h"
-#include "xml/XmlEntities.h"
 #include "xml/XmlWriter.h"
 
 #include <gtest/gtest.h>
@@ -100,27 +99,6 @@ TEST(XmlEditTest, CopiesAreDeepAndOwnedByTheTargetTree)
                                    R"(Slot[]{Screen[name=s]{Control[id=1]"text"{Label[]"l"}}}}}}})");
 }
 
-TEST(XmlEditTest, BuiltTreesAreWrittenIndentedWithTextLast)
-{
-    XML_NODE* top = nullptr;
-    ASSERT_EQ(node_create(&top, "Skin", nullptr), XML_OK);
-    xmltest::Tree tree(top);
-    XML_NODE* screen = nullptr;
-    node_append_child(top, "Screen", &screen);
-    node_set_attribute(screen, "name", "a\"b");
-    node_set_value(screen, "t", false);
-    node_append_child(screen, "Control", nullptr);
-    XML_NODE* label = nullptr;
-    node_append_child(screen, "Label", &label);
-    node_set_value(label, "x]]>y", true);
-    EXPECT_EQ(write(top), "<Skin>\n"
-                          "  <Screen name=\"a&quot;b\">\n"
-                          "    <Control/>\n"
-                          "    <Label>x]]&gt;y</Label>\n"
-                          "  t</Screen>\n"
-                          "</Skin>\n");
-}
-
 TEST(XmlEditTest, FindByAttributeOrValueComparesBytesExactly)
 {
     auto tree = Parse(R"(<R><A id="x">1</A><A ID="X">2</A><B id="x">1</B><A id="x">3</A></R>)", true);
@@ -133,15 +111,4 @@ TEST(XmlEditTest, FindByAttributeOrValueComparesBytesExactly)
     EXPECT_STREQ(node_name(node_find_by_value(top, nullptr, "1", node_find_first(top, "A"))), "B");
     EXPECT_EQ(node_find_by_value(top, "A", "4", nullptr), nullptr);
     EXPECT_EQ(node_find_by_attribute(top, "A", "id", nullptr, nullptr), nullptr);
-}
-
-TEST(XmlEntitiesTest, EncodingIsUndoneByDecoding)
-{
-    for (const std::string text : {"", "plain", "<a href=\"x\">&amp;</a>", "'&&'", "&lt;"}) {
-        std::string encoded;
-        tag_to_tag_code(encoded, text.data(), static_cast<uint32_t>(text.size()));
-        EXPECT_EQ(encoded.find_first_of("<>\"'"), std::string::npos) << text;
-        encoded.resize(tag_code_to_tag(encoded.data(), encoded.data(), static_cast<uint32_t>(encoded.size())));
-        EXPECT_EQ(encoded, text);
-    }
 }

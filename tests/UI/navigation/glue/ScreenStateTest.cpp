@@ -68,12 +68,9 @@ TEST(ScreenStateTest, TransitionHandsOutItsOneState)
 {
     auto transition = UIKit::ScreenTransition::Make(L"Usage", L"UsageMain", L"UsageScreen");
     auto first = transition->DoTransition();
-    auto second = transition->DoTransition();
     ASSERT_FALSE(first.IsNull());
-    EXPECT_EQ(first.get(), second.get());
-    auto screen = first.DynamicCast<UIKit::ScreenState>();
-    ASSERT_FALSE(screen.IsNull());
-    EXPECT_EQ(screen->GetScreenName(), L"UsageScreen");
+    EXPECT_EQ(first.get(), transition->DoTransition().get());
+    EXPECT_EQ(first.DynamicCast<UIKit::ScreenState>()->GetScreenName(), L"UsageScreen");
 }
 
 } // namespace
