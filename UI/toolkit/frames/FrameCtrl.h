@@ -46,6 +46,9 @@ private:
 
     Toolkit::smart_ptr<ImageCtrl> m_background;
     Toolkit::smart_ptr<BaseCtrlDescriptor> m_descriptor;
+    // The background size the outline was last cut at: cutting is slow (a
+    // region built row by row), and a start asks for it several times.
+    wxSize m_shapeSize;
 
     void onPaint(wxPaintEvent& e) { OnPaint(e); }
     void onErase(wxEraseEvent& e) { OnEraseBackground(e); }
