@@ -17,6 +17,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -92,15 +93,11 @@ void showSignal(DashboardFrame& frame)
         signal->SetValues(0, 3, 4);
 }
 
-} // namespace
-
-void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
+// Every screen is reached by the events its buttons and keys send, as a
+// user would reach it.
+std::vector<TourStep> englishSteps()
 {
-    const wxString dir = wxString::FromUTF8(folder);
-    wxFileName::Mkdir(dir, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    // Every screen is reached by the events its buttons and keys send, as a
-    // user would reach it.
-    std::vector<TourStep> steps{
+    return {
         {"home", [](DashboardFrame& f) { showSignal(f); }},
         {"usage",
          [](DashboardFrame& f) {
@@ -113,7 +110,12 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
              Click(f, UIKit::ID_BACK);
              Click(f, UIKit::ID_CONNECT);
          }},
-        // English screens above, the main ones in French below.
+    };
+}
+
+std::vector<TourStep> frenchSteps()
+{
+    return {
         {"home-fr",
          [](DashboardFrame& f) {
              Click(f, UIKit::ID_DISCONNECT);
@@ -121,6 +123,22 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
          }},
         {"usage-fr", [](DashboardFrame& f) { PressKey(f, WXK_F3); }},
     };
+}
+
+void append(std::vector<TourStep>& steps, std::vector<TourStep> more)
+{
+    steps.insert(steps.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+} // namespace
+
+void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
+{
+    const wxString dir = wxString::FromUTF8(folder);
+    wxFileName::Mkdir(dir, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+    std::vector<TourStep> steps = englishSteps();
+    // More parts of the tour join here, one line each: append(steps, ...);
+    append(steps, frenchSteps());
     std::printf("Tour: taking %zu screenshots into %s\n", steps.size(), folder.c_str());
     RunWhileWindowLives(dashboard, new TourTimer(dashboard, dir, std::move(steps)), 700);
 }

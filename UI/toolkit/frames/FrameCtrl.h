@@ -27,7 +27,8 @@ public:
     virtual void OnEraseBackground(wxEraseEvent&) {}
     virtual void OnSize(wxSizeEvent& event);
 
-    // Re-cuts the outline from the background at the current client size.
+    // Renders the background at the current client size and cuts the
+    // outline from it; either is skipped when already done at that size.
     bool CreateShape();
     // Draws into `dc` at (0, 0) the part `area` of the background.
     void DrawBitmap(wxDC& dc, const wxRect& area) override;
