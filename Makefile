@@ -1,6 +1,8 @@
 # The two commands of the project:
 #   make demo   set up, build, and run the connection manager
 #   make test   set up, build, and run every test under Xvfb
+# and the one that takes the README's screenshots again:
+#   make screenshots
 # Both install missing Debian packages first (as root), or print the one
 # command that would.
 
@@ -16,7 +18,7 @@ PACKAGES := cmake ninja-build g++ ccache pkg-config make python3 \
             libgtest-dev libgmock-dev googletest libbenchmark-dev libpugixml-dev \
             xvfb xauth x11-apps zip unzip
 
-.PHONY: all setup configure build demo test test-tsan bench clean
+.PHONY: all setup configure build demo screenshots test test-tsan bench clean
 
 all: build
 
@@ -46,6 +48,16 @@ build: configure
 
 demo: build
 	@./host/run-demo.sh $(BUILD)
+
+# The tour on a screen a little larger than the window, so each shot shows
+# the window with its cut outline; four of them go to docs/screenshots/.
+README_SHOTS := home usage connected home-fr
+screenshots: configure
+	cmake --build $(BUILD) -j $(JOBS) --target connection-manager
+	@SCREEN=420x580x24 ./host/run-demo.sh $(BUILD) --tour
+	@mkdir -p docs/screenshots
+	@for shot in $(README_SHOTS); do cp $(BUILD)/demo-screenshots/$$shot.png docs/screenshots/ || exit 1; done
+	@echo "docs/screenshots/: $(README_SHOTS:=.png)"
 
 # The platform tests and the singleton-slot tests again under
 # ThreadSanitizer, then every test under Xvfb.

@@ -12,6 +12,7 @@ class DashboardFrame;
 
 class HostApp : public UIKit::App {
 public:
+    HostApp();
     bool OnInit() override;
     int OnRun() override;
     int OnExit() override;
@@ -30,6 +31,8 @@ private:
     // this status.
     bool m_finishedAtStart = false;
     int m_exitStatus = 0;
+    // Set when this process turned GTK's OpenGL off for its own start.
+    bool m_glOffHere = false;
 };
 
 } // namespace host

@@ -16,6 +16,8 @@ bool Options::Parse(int argc, wchar_t** argv)
         {wxCMD_LINE_OPTION, "", "tour", "show each screen, save screenshots in this folder, then exit",
          wxCMD_LINE_VAL_STRING, 0},
         {wxCMD_LINE_OPTION, "", "scenario", "scenario file the simulated modems play", wxCMD_LINE_VAL_STRING, 0},
+        {wxCMD_LINE_SWITCH, "", "measure-startup",
+         "print the milliseconds from process start to the first painted window, then exit", wxCMD_LINE_VAL_NONE, 0},
         {wxCMD_LINE_SWITCH, "v", "verbose", "log informational messages too", wxCMD_LINE_VAL_NONE, 0},
         {wxCMD_LINE_NONE, nullptr, nullptr, nullptr, wxCMD_LINE_VAL_NONE, 0},
     };
@@ -38,6 +40,7 @@ bool Options::Parse(int argc, wchar_t** argv)
     if (parser.Found("scenario", &value))
         scenario = value.utf8_string();
     verbose = parser.Found("verbose");
+    measureStartup = parser.Found("measure-startup");
     return true;
 }
 

@@ -15,6 +15,7 @@ struct Options {
     TString<char> tourDir;           // take screenshots there and exit
     TString<char> scenario;          // what the simulated modems play (empty: the default one)
     bool verbose = false;
+    bool measureStartup = false;     // print the start-up time once painted, then exit
 
     // Fills the options; false (with a message on stderr) on bad input or
     // --help.

@@ -17,21 +17,25 @@
 
 #include <cstdio>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <vector>
 
 namespace host {
 namespace {
 
-struct Step {
-    const char* file;
-    std::function<void(DashboardFrame&)> action;
-};
+void useCulture(DashboardFrame& frame, const wchar_t* name)
+{
+    auto appearance = UIKit::Appearance::Instance();
+    if (auto culture = appearance->FindCultureByName(name))
+        appearance->UseCulture(culture);
+    frame.OnCultureChanged();
+}
 
 // Runs one step per timer tick so each screenshot shows a settled window.
 class TourTimer : public wxTimer {
 public:
-    TourTimer(DashboardFrame& frame, wxString folder, std::vector<Step> steps)
+    TourTimer(DashboardFrame& frame, wxString folder, std::vector<TourStep> steps)
         : m_frame(frame), m_folder(std::move(folder)), m_steps(std::move(steps))
     {
     }
@@ -39,7 +43,7 @@ public:
     void Notify() override
     {
         if (m_next > 0) {
-            const wxString path = wxFileName(m_folder, m_steps[m_next - 1].file).GetFullPath();
+            const wxString path = wxFileName(m_folder, wxString(m_steps[m_next - 1].screen) + ".png").GetFullPath();
             if (SaveScreenshot(path))
                 std::printf("  screenshot: %s\n", path.utf8_str().data());
             else
@@ -48,6 +52,8 @@ public:
         if (m_next == m_steps.size()) {
             Stop();
             std::printf("Tour finished: %zu screenshots in %s\n", m_steps.size(), m_folder.utf8_str().data());
+            // The devices' screens are shown in English.
+            useCulture(m_frame, L"en");
             DeviceTour::Start(m_frame, m_folder.utf8_string());
             return;
         }
@@ -57,7 +63,7 @@ public:
 private:
     DashboardFrame& m_frame;
     wxString m_folder;
-    std::vector<Step> m_steps;
+    std::vector<TourStep> m_steps;
     size_t m_next = 0;
 };
 
@@ -87,37 +93,52 @@ void showSignal(DashboardFrame& frame)
         signal->SetValues(0, 3, 4);
 }
 
+// Every screen is reached by the events its buttons and keys send, as a
+// user would reach it.
+std::vector<TourStep> englishSteps()
+{
+    return {
+        {"home", [](DashboardFrame& f) { showSignal(f); }},
+        {"usage",
+         [](DashboardFrame& f) {
+             Click(f, UIKit::ID_MAP);
+             showUsage(f);
+         }},
+        {"about", [](DashboardFrame& f) { Click(f, UIKit::ID_HELP); }},
+        {"connected",
+         [](DashboardFrame& f) {
+             Click(f, UIKit::ID_BACK);
+             Click(f, UIKit::ID_CONNECT);
+         }},
+    };
+}
+
+std::vector<TourStep> frenchSteps()
+{
+    return {
+        {"home-fr",
+         [](DashboardFrame& f) {
+             Click(f, UIKit::ID_DISCONNECT);
+             useCulture(f, L"fr");
+         }},
+        {"usage-fr", [](DashboardFrame& f) { PressKey(f, WXK_F3); }},
+    };
+}
+
+void append(std::vector<TourStep>& steps, std::vector<TourStep> more)
+{
+    steps.insert(steps.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
 } // namespace
 
 void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
 {
     const wxString dir = wxString::FromUTF8(folder);
     wxFileName::Mkdir(dir, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    // Every screen is reached by the events its buttons and keys send, as a
-    // user would reach it.
-    std::vector<Step> steps{
-        {"01-home.png", [](DashboardFrame& f) { showSignal(f); }},
-        {"02-usage.png",
-         [](DashboardFrame& f) {
-             Click(f, UIKit::ID_MAP);
-             showUsage(f);
-         }},
-        {"03-about.png", [](DashboardFrame& f) { Click(f, UIKit::ID_HELP); }},
-        {"04-connected.png",
-         [](DashboardFrame& f) {
-             Click(f, UIKit::ID_BACK);
-             Click(f, UIKit::ID_CONNECT);
-         }},
-        {"05-french.png",
-         [](DashboardFrame& f) {
-             Click(f, UIKit::ID_DISCONNECT);
-             auto appearance = UIKit::Appearance::Instance();
-             if (auto french = appearance->FindCultureByName(L"fr"))
-                 appearance->UseCulture(french);
-             f.OnCultureChanged();
-         }},
-        {"06-hotkey-usage.png", [](DashboardFrame& f) { PressKey(f, WXK_F3); }},
-    };
+    std::vector<TourStep> steps = englishSteps();
+    // More parts of the tour join here, one line each: append(steps, ...);
+    append(steps, frenchSteps());
     std::printf("Tour: taking %zu screenshots into %s\n", steps.size(), folder.c_str());
     RunWhileWindowLives(dashboard, new TourTimer(dashboard, dir, std::move(steps)), 700);
 }

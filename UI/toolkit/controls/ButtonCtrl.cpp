@@ -69,9 +69,14 @@ void ButtonCtrl::updateCursor(bool enabled)
         RestorePreviousCursor();
 }
 
+bool ButtonCtrl::AcceptsFocusFromKeyboard() const
+{
+    return IsEnabled() && GetId() != ID_SPACER;
+}
+
 ImageCtrl* ButtonCtrl::currentImage() const
 {
-    return m_images.Pick(IsEnabled(), IsSelected(), IsInside(), m_pressed);
+    return m_images.Pick(IsEnabled(), IsSelected(), IsInside() || HasFocus(), m_pressed);
 }
 
 void ButtonCtrl::DrawCustom(wxDC& dc)

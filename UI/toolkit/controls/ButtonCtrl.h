@@ -3,7 +3,8 @@
 // The skinned push button: one image per state (normal, disabled, selected,
 // pointer over, pressed), a fitted label in the description's font, a tool
 // tip, and a click event on release over the button, at most once every
-// 500 ms counted from the end of the previous click's handling.
+// 500 ms counted from the end of the previous click's handling. A button
+// holding the keyboard focus shows its pointer-over image.
 #include "controls/PanelCtrl.h"
 #include "descriptors/ButtonCtrlDescriptor.h"
 
@@ -23,8 +24,9 @@ public:
     virtual void OnApplyControl(wxCommandEvent& event);
 
     bool Enable(bool enable = true) override;
+    // Reached by Tab, not by the mouse; a spacer is never reached.
     bool AcceptsFocus() const override { return false; }
-    bool AcceptsFocusFromKeyboard() const override { return false; }
+    bool AcceptsFocusFromKeyboard() const override;
     bool LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor) override;
     // Fits the text into the label area and redraws.
     void SetControlLabel(const TString<wchar_t>& text) override;

@@ -34,8 +34,10 @@ bool FrameCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor
     // The frame's own background is not shared through the appearance cache:
     // the frame resizes it in place.
     if (auto panel = descriptor.DynamicCast<PanelCtrlDescriptor>())
-        if (panel->GetNormalImage() && panel->GetNormalImage()->IsOk())
+        if (panel->GetNormalImage() && panel->GetNormalImage()->IsOk()) {
             m_background = Toolkit::make_smart<ImageCtrl>(panel->GetNormalImage(), size);
+            m_shapeSize = wxSize();
+        }
 
     if (factory)
         factory->CreateChildren(this, *descriptor);
@@ -55,8 +57,10 @@ bool FrameCtrl::LoadDescriptor(Toolkit::smart_ptr<BaseCtrlDescriptor> descriptor
 
 void FrameCtrl::cutShape()
 {
-    if (!m_background || !m_background->GetBitmap().IsOk())
+    if (!m_background || !m_background->GetBitmap().IsOk() || m_background->GetBitmap().GetSize() == m_shapeSize)
         return;
+    // The window keeps the outline and applies it again when it is realised.
+    m_shapeSize = m_background->GetBitmap().GetSize();
     wxImage image = m_background->GetBitmap().ConvertToImage();
     image.SetMaskColour(255, 0, 255);
     SetWindowShape(image);
@@ -71,7 +75,7 @@ void FrameCtrl::OnWindowCreate(wxWindowCreateEvent& event)
 
 bool FrameCtrl::CreateShape()
 {
-    if (m_background)
+    if (m_background && m_background->GetBitmap().GetSize() != GetClientSize())
         m_background->Resize(GetClientSize());
     cutShape();
     return true;

@@ -27,7 +27,8 @@ public:
     virtual void OnEraseBackground(wxEraseEvent&) {}
     virtual void OnSize(wxSizeEvent& event);
 
-    // Re-cuts the outline from the background at the current client size.
+    // Renders the background at the current client size and cuts the
+    // outline from it; either is skipped when already done at that size.
     bool CreateShape();
     // Draws into `dc` at (0, 0) the part `area` of the background.
     void DrawBitmap(wxDC& dc, const wxRect& area) override;
@@ -46,6 +47,9 @@ private:
 
     Toolkit::smart_ptr<ImageCtrl> m_background;
     Toolkit::smart_ptr<BaseCtrlDescriptor> m_descriptor;
+    // The background size the outline was last cut at: cutting is slow (a
+    // region built row by row), and a start asks for it several times.
+    wxSize m_shapeSize;
 
     void onPaint(wxPaintEvent& e) { OnPaint(e); }
     void onErase(wxEraseEvent& e) { OnEraseBackground(e); }

@@ -6,6 +6,7 @@
 #include "navigation/SequenceManager.h"
 #include "util/Util.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace UIKit {
@@ -24,6 +25,13 @@ Control* asList(wxWindow* window)
 EditTextCtrl* asField(wxWindow* window)
 {
     return dynamic_cast<EditTextCtrl*>(window);
+}
+
+// Lists take the keys themselves: their items are not tab stops.
+Control* asTabStop(wxWindow* window)
+{
+    auto* control = dynamic_cast<Control*>(window);
+    return control && (asList(control) || control->AcceptsFocusFromKeyboard()) ? control : nullptr;
 }
 
 // The matching descendants depth first in child order; a match's own
@@ -78,6 +86,10 @@ ScreenCtrl::ScreenCtrl(wxWindow* parent, int id, const wxRect&, bool worker)
     : PanelCtrl(parent, id, wxRect(), wxBORDER_NONE), IDataSource(TString<wchar_t>()), m_worker(worker),
       m_delegate(this), m_dataSource(this)
 {
+    // Bound, not in the table: the key comes up from whichever control of
+    // the screen has the focus, before the window's hot keys see it.
+    Bind(wxEVT_CHAR_HOOK, &ScreenCtrl::onCharHook, this);
+    Bind(wxEVT_CHILD_FOCUS, &ScreenCtrl::onChildFocus, this);
 }
 
 ScreenCtrl::~ScreenCtrl()
@@ -212,46 +224,117 @@ ButtonCtrl* ScreenCtrl::usableButton(int id)
     return button && button->IsEnabled() && isVisible(button) ? button : nullptr;
 }
 
-void ScreenCtrl::OnEnter(wxCommandEvent& event)
+ButtonCtrl* ScreenCtrl::firstUsableButton(std::initializer_list<int> ids)
 {
-    if (usableButton(ID_OK))
-        OnOK(event);
+    for (int id : ids)
+        if (ButtonCtrl* button = usableButton(id))
+            return button;
+    return nullptr;
+}
+
+ButtonCtrl* ScreenCtrl::DefaultButton()
+{
+    return firstUsableButton({ID_OK, ID_YES, ID_SAVE, ID_CONNECT});
+}
+
+ButtonCtrl* ScreenCtrl::BackButton()
+{
+    return firstUsableButton({ID_CANCEL, ID_BACK, ID_NO});
+}
+
+bool ScreenCtrl::press(ButtonCtrl* button)
+{
+    if (!button)
+        return false;
+    wxCommandEvent none;
+    button->OnApplyControl(none);
+    return true;
+}
+
+void ScreenCtrl::OnEnter(wxCommandEvent&)
+{
+    press(DefaultButton());
 }
 
 void ScreenCtrl::OnEsc(wxCommandEvent&)
 {
-    // Sent through the button, so it travels the path of a real click.
-    if (ButtonCtrl* cancel = usableButton(ID_CANCEL)) {
-        wxCommandEvent click(wxEVT_BUTTON, ID_CANCEL);
-        click.SetEventObject(cancel);
-        click.SetInt(-1);
-        cancel->GetEventHandler()->ProcessEvent(click);
-    }
-}
-
-EditTextCtrl* ScreenCtrl::NextTabField()
-{
-    const auto fields = collect(this, asField);
-    size_t focused = 0;
-    while (focused < fields.size() && !fields[focused]->HasFocus())
-        ++focused;
-    if (focused == fields.size())
-        return nullptr;
-    // The first visible field after the focused one, wrapping round.
-    for (size_t step = 1; step <= fields.size(); ++step) {
-        EditTextCtrl* candidate = fields[(focused + step) % fields.size()];
-        if (isVisible(candidate))
-            return candidate == fields[focused] ? nullptr : candidate;
-    }
-    return nullptr;
+    press(BackButton());
 }
 
 void ScreenCtrl::OnTab(wxCommandEvent&)
 {
-    if (EditTextCtrl* next = NextTabField()) {
-        next->SetFocus();
-        next->SetSelection(~0u, ~0u);
+    moveFocus(false);
+}
+
+std::vector<Control*> ScreenCtrl::TabStops()
+{
+    std::vector<Control*> usable;
+    for (Control* stop : collect(this, asTabStop))
+        if (stop->IsEnabled() && isVisible(stop))
+            usable.push_back(stop);
+    return usable;
+}
+
+Control* ScreenCtrl::FocusedTabStop()
+{
+    const auto stops = TabStops();
+    const wxWindow* focus = wxWindow::FindFocus();
+    for (Control* stop : stops)
+        if (focus && (focus == stop || stop->IsDescendant(const_cast<wxWindow*>(focus))))
+            return stop;
+    for (Control* stop : stops)
+        if (stop == m_tabStop.get())
+            return stop;
+    return nullptr;
+}
+
+void ScreenCtrl::moveFocus(bool backward)
+{
+    const auto stops = TabStops();
+    if (stops.empty())
+        return;
+    const auto at = std::find(stops.begin(), stops.end(), FocusedTabStop());
+    size_t next = backward ? stops.size() - 1 : 0;
+    if (at != stops.end()) {
+        const size_t index = size_t(at - stops.begin());
+        next = (index + (backward ? stops.size() - 1 : 1)) % stops.size();
     }
+    m_tabStop = stops[next];
+    stops[next]->SetFocus();
+}
+
+bool ScreenCtrl::HandleNavigationKey(int code, bool shift)
+{
+    if (code == WXK_TAB) {
+        moveFocus(shift);
+        return true;
+    }
+    if (code == WXK_ESCAPE)
+        return press(BackButton());
+    if (code != WXK_RETURN && code != WXK_NUMPAD_ENTER)
+        return false;
+    Control* focused = FocusedTabStop();
+    if (auto* button = dynamic_cast<ButtonCtrl*>(focused))
+        return press(button);
+    // A list and a field of several lines use Enter themselves.
+    if (focused && (asList(focused) || !focused->AcceptsApplyDefaultFromKeyBoard()))
+        return false;
+    return press(DefaultButton());
+}
+
+void ScreenCtrl::onCharHook(wxKeyEvent& event)
+{
+    // Keys with Ctrl or Alt belong to the hot keys.
+    if (event.ControlDown() || event.AltDown() || !HandleNavigationKey(event.GetKeyCode(), event.ShiftDown()))
+        event.Skip();
+}
+
+void ScreenCtrl::onChildFocus(wxChildFocusEvent& event)
+{
+    for (Control* stop : TabStops())
+        if (stop == event.GetWindow() || stop->IsDescendant(event.GetWindow()))
+            m_tabStop = stop;
+    event.Skip();
 }
 
 wxWindow* ScreenCtrl::focusTarget()

@@ -3,13 +3,18 @@
 // One full page of the interface, shown in the dashboard's placeholder. It
 // turns button clicks into navigation events, gives OK and Cancel to its
 // delegate and Add, Delete and Edit to its data source (by default the
-// screen itself is both), moves the keyboard focus between its text fields,
-// and a worker screen runs a background job while a progress panel shows.
+// screen itself is both), answers the keyboard (Tab, Enter, Esc) wherever
+// its focus is, and a worker screen runs a background job while a progress
+// panel shows.
 #include "controls/PanelCtrl.h"
 #include "frames/Animation.h"
 #include "lists/IDataSource.h"
 #include "lists/IDelegate.h"
 #include "navigation/WorkerCtrl.h"
+
+#include <wx/weakref.h>
+
+#include <vector>
 
 namespace UIKit {
 
@@ -60,8 +65,21 @@ public:
     bool Destroy() override;
 
     bool IsWorkerScreen() const { return m_worker; }
-    // The text field Tab moves the focus to, or null when it stays.
-    EditTextCtrl* NextTabField();
+
+    // The keys a screen answers before the window's hot keys: Tab and
+    // Shift+Tab move the focus round the tab stops, Enter presses the
+    // focused button or else the default one, Esc presses the back one.
+    // False for other keys and when there is nothing to press.
+    virtual bool HandleNavigationKey(int code, bool shift);
+    // The controls Tab visits, in the order of the description: enabled
+    // and visible buttons, text fields and lists.
+    std::vector<Control*> TabStops();
+    // The tab stop holding the keyboard focus, or null.
+    Control* FocusedTabStop();
+    // The button Enter presses: the first usable of OK, Yes, Save, Connect.
+    ButtonCtrl* DefaultButton();
+    // The button Esc presses: the first usable of Cancel, Back, No.
+    ButtonCtrl* BackButton();
 
 protected:
     void OnDoWork() override {}
@@ -70,6 +88,13 @@ private:
     // The button with that id when it can be pressed (enabled and shown up
     // to the screen), otherwise null.
     ButtonCtrl* usableButton(int id);
+    ButtonCtrl* firstUsableButton(std::initializer_list<int> ids);
+    // Clicks the button as the mouse would; false for null.
+    static bool press(ButtonCtrl* button);
+    void moveFocus(bool backward);
+    // Which tab stop the focus went to, when it moves by mouse or by code.
+    void onChildFocus(wxChildFocusEvent& event);
+    void onCharHook(wxKeyEvent& event);
     // Shown, and every window between it and the screen shown as well.
     bool isVisible(const wxWindow* window) const;
     // Where the screen's focus goes: the search field, else the first
@@ -86,6 +111,9 @@ private:
     IDataSource* m_dataSource;
     TString<wchar_t> m_callerScreen;
     Animation m_nativeAnimation = AnimationNone;
+    // The tab stop last given the focus: the one to move on from when the
+    // toolkit cannot tell where the focus is (a window not yet shown).
+    wxWeakRef<Control> m_tabStop;
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -1,4 +1,4 @@
-// Screens: built once by name, standard buttons and keys, the Tab ring, and
+// Screens: built once by name, standard buttons and keys, the keyboard, and
 // the worker screen's job, progress panel and end.
 #include "../../descriptors/DescriptorTestSupport.h"
 #include "../../frames/TestDashboard.h"
@@ -145,26 +145,49 @@ TEST_F(ScreenTest, StandardButtonsAndKeys)
     }
 }
 
-// Fields A, B, and C in panel P: focused field, hidden controls, and the
-// field Tab moves to ('-' for none).
-TEST_F(ScreenTest, TabRing)
+// Field A; buttons D (disabled), S (skip, in panel P), O(K), co(N)nect,
+// C(ancel), B(ack). Setup: hide or disable (h, d) a control; the focused
+// stop ('-' for none); keys (t Tab, T Shift+Tab, e Enter, x Esc, 3 F3,
+// which is left to the hot keys); the stop focused after and the journal.
+TEST_F(ScreenTest, KeyboardMovesFocusAndPressesButtons)
 {
     struct Case {
-        const char *focused, *hidden;
-        char next;
+        const char *setup, *focused, *keys, *after;
+        std::vector<std::string> journal;
     };
-    for (const Case c : {Case{"", "", '-'}, Case{"B", "", 'C'}, Case{"C", "", 'A'}, Case{"B", "P", 'A'},
-                         Case{"A", "BC", '-'}, Case{"B", "B", 'C'}}) {
-        SCOPED_TRACE(std::string(c.focused) + "/" + c.hidden);
-        TestScreen* screen = Build(R"(<Control class="EditTextCtrl" name="A"/><Control class="EditTextCtrl" name="B"/>
-            <Control class="PanelCtrl" name="P"><Control class="EditTextCtrl" name="C"/></Control>)");
-        for (const char* h = c.hidden; *h; ++h)
-            Named(screen, std::string(1, *h).c_str())->Show(false);
-        wxCommandEvent focus;
-        if (*c.focused)
-            dynamic_cast<EditTextCtrl*>(Named(screen, c.focused))->OnEditTextSetFocus(focus);
-        EditTextCtrl* next = screen->NextTabField();
-        EXPECT_EQ(next ? char(next->GetName()[0]) : '-', c.next);
+    const Case cases[] = {
+        {"", "-", "t", "A", {}},          {"", "A", "t", "S", {}},         {"", "B", "t", "A", {}},
+        {"", "A", "T", "B", {}},          {"hP", "A", "t", "O", {}},       {"dO", "S", "tt", "C", {}},
+        {"", "A", "e", "A", {"flush"}},   {"", "S", "e", "S", {"event:8022"}},
+        {"dO", "A", "e", "A", {"event:8038"}}, {"dOdN", "A", "e", "A", {}},
+        {"", "O", "x", "O", {"rollback"}}, {"hC", "A", "x", "A", {"event:8017"}}, {"", "A", "3", "A", {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.setup << " " << c.focused << " " << c.keys);
+        TestScreen* screen = Build(R"(<Control class="EditTextCtrl" name="A"/>
+            <Control class="ButtonCtrl" name="D" id="ID_EDIT" enable="no"/><Control class="PanelCtrl" name="P">
+            <Control class="ButtonCtrl" name="S" id="ID_SKIP"/></Control><Control class="ButtonCtrl" name="O"
+            id="ID_OK"/><Control class="ButtonCtrl" name="N" id="ID_CONNECT"/><Control class="ButtonCtrl" name="C"
+            id="ID_CANCEL"/><Control class="ButtonCtrl" name="B" id="ID_BACK"/>)");
+        for (const char* s = c.setup; *s; s += 2) {
+            Control* target = Named(screen, std::string(1, s[1]).c_str());
+            (s[0] == 'h') ? target->Show(false) : target->Enable(false);
+        }
+        if (*c.focused != '-') {
+            wxChildFocusEvent focus(Named(screen, c.focused));
+            screen->GetEventHandler()->ProcessEvent(focus);
+        }
+        for (const char* k = c.keys; *k; ++k) {
+            // Sent where the focus is: the key travels up to the screen.
+            wxKeyEvent key(wxEVT_CHAR_HOOK);
+            key.m_keyCode = *k == 'e' ? WXK_RETURN : *k == 'x' ? WXK_ESCAPE : *k == '3' ? WXK_F3 : WXK_TAB;
+            key.SetShiftDown(*k == 'T');
+            Control* from = screen->FocusedTabStop();
+            (from ? static_cast<wxWindow*>(from) : screen)->GetEventHandler()->ProcessEvent(key);
+        }
+        Control* after = screen->FocusedTabStop();
+        EXPECT_EQ(after ? after->GetName().ToStdString() : "-", c.after);
+        EXPECT_EQ(g_journal, c.journal);
         screen->Destroy();
     }
 }
