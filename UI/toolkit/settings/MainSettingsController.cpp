@@ -2,6 +2,7 @@
 
 #include "Devices/DeviceManager.h"
 #include "Toolkit/ILogger.h"
+#include "appearance/Appearance.h"
 #include "factory/CtrlFactory.h"
 #include "frames/IDashboard.h"
 #include "navigation/ScreenManager.h"
@@ -52,6 +53,7 @@ void MainSettingsController::LoadSettingItemFromPlugins()
 {
     if (m_root)
         return;
+    m_culture = currentCulture();
     if (auto plugins = PluginManager::Instance())
         for (const auto& [key, plugin] : plugins->GetPlugins())
             plugin->GetSettingItems(m_pluginItems);
@@ -112,8 +114,20 @@ SettingItem::Ptr MainSettingsController::GetSettingItem(const TString<wchar_t>& 
     return found == m_pluginItems.end() ? SettingItem::Ptr() : found->second;
 }
 
+TString<wchar_t> MainSettingsController::currentCulture()
+{
+    TString<wchar_t> name;
+    if (auto appearance = Appearance::Instance())
+        appearance->GetCurrentCultureName(name);
+    return name;
+}
+
 void MainSettingsController::DisplaySettingPanel(Animation animation)
 {
+    if (m_root && m_culture != currentCulture()) {
+        UnloadSettingItemFromPlugins();
+        LoadSettingItemFromPlugins();
+    }
     auto screens = ScreenManager::Instance();
     if (auto* screen = dynamic_cast<SettingRootScreen*>(screens ? screens->Get(c_strScreen) : nullptr))
         screen->ResetPanels();

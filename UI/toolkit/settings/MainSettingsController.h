@@ -42,7 +42,8 @@ public:
     // The plug-in item of exactly that name, or null.
     SettingItem::Ptr GetSettingItem(const TString<wchar_t>& name) const;
 
-    // Shows the settings screen on its root page.
+    // Shows the settings screen on its root page; a tree built in another
+    // language than the current one is built again first.
     void DisplaySettingPanel(Animation animation);
     void PushSettingItem(SettingItem::Ptr item);
     void PopSettingItem();
@@ -72,6 +73,7 @@ public:
     const SettingItem::Ptr& GetCurrentItem() const { return m_current; }
 
 private:
+    static TString<wchar_t> currentCulture();
     // Appends the items the element's children describe to `parent`.
     void loadItem(const SettingItem::Ptr& parent, const Toolkit::smart_ptr<XMLNode>& element);
     // Queues the event for the attached screen; nothing without one.
@@ -87,6 +89,8 @@ private:
     SettingItem::Ptr m_current;
     PluginItems m_pluginItems;
     wxEvtHandler* m_screen = nullptr;
+    // The language the tree's labels were read in.
+    TString<wchar_t> m_culture;
 };
 
 } // namespace UIKit

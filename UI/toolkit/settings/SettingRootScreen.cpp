@@ -20,6 +20,7 @@ namespace {
 
 TString<char> g_streamLogStore;
 TString<char> g_streamLogKey;
+SettingRootScreen::PageHook g_pageHook;
 
 // How often the title timer looks at the clock.
 constexpr int c_titlePollMs = 100;
@@ -59,6 +60,11 @@ SettingRootScreen::~SettingRootScreen()
     m_titleTimer.Stop();
     if (auto controller = MainSettingsController::Instance())
         controller->DetachScreen(this);
+}
+
+void SettingRootScreen::SetPageHook(PageHook hook)
+{
+    g_pageHook = std::move(hook);
 }
 
 void SettingRootScreen::SetStreamLogPreference(const TString<char>& store, const TString<char>& key)
@@ -113,6 +119,8 @@ void SettingRootScreen::onPush(wxCommandEvent& event)
     page->Show(false);
     const wxSize size = GetClientSize();
     page->SetControlSize(0, 0, size.x, size.y);
+    if (g_pageHook)
+        g_pageHook(*page);
     page->SetRootSettingItem(push->GetItem());
     if (!m_panels.empty())
         m_panels.back()->Show(false);

@@ -11,6 +11,7 @@
 #include <wx/timer.h>
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace UIKit {
@@ -31,6 +32,11 @@ public:
     static bool ToggleStreamLogs();
     // Applies the saved switch, when there is one.
     static void RestoreStreamLogs();
+
+    // Called with every page once it is built, before it is filled: the
+    // host relabels pages built from templates read in another language.
+    using PageHook = std::function<void(SettingPanel& page)>;
+    static void SetPageHook(PageHook hook);
 
     // Removes every page.
     void ResetPanels();
