@@ -12,6 +12,9 @@
 #include "factory/CtrlFactory.h"
 #include "navigation/SequenceManager.h"
 #include "plugins/PluginManager.h"
+#include "settings/MainSettingsController.h"
+#include "settings/SettingRootScreen.h"
+#include "settings/SettingsControls.h"
 
 #include <wx/filename.h>
 
@@ -67,6 +70,7 @@ void RegisterControls()
     auto factory = UIKit::CtrlFactory::Instance();
     UIKit::RegisterStandardControls(*factory);
     UIKit::RegisterDeviceControls(*factory);
+    UIKit::RegisterSettingsControls(*factory);
     // Documents and controls the factory builds read the appearance's pack.
     factory->SetResources(UIKit::Appearance::Instance().get());
 }
@@ -89,6 +93,12 @@ void StartNavigation()
 {
     if (auto plugins = UIKit::Singleton<UIKit::PluginManager>::Instance())
         plugins->Load();
+    // The settings' stream-log switch lives in the preferences; the tree is
+    // built from the plug-ins just loaded.
+    UIKit::SettingRootScreen::SetStreamLogPreference("Diagnostics", "StreamLogs");
+    UIKit::SettingRootScreen::RestoreStreamLogs();
+    if (auto settings = UIKit::MainSettingsController::Instance())
+        settings->LoadSettingItemFromPlugins();
     if (auto sequences = UIKit::Singleton<UIKit::SequenceManager>::Instance())
         sequences->DoHome();
     // The window still opens, but empty: say where to look.
@@ -101,6 +111,8 @@ void StartNavigation()
 
 void StopNavigation(DashboardFrame* dashboard)
 {
+    if (auto settings = UIKit::MainSettingsController::Instance())
+        settings->UnloadSettingItemFromPlugins();
     if (auto plugins = UIKit::Singleton<UIKit::PluginManager>::Instance())
         plugins->Unload();
     if (auto sequences = UIKit::Singleton<UIKit::SequenceManager>::Instance())

@@ -3,6 +3,7 @@
 #include "DashboardFrame.h"
 #include "UserInput.h"
 #include "DeviceTour.h"
+#include "SettingsTour.h"
 #include "TourSupport.h"
 
 #include "appearance/Appearance.h"
@@ -118,6 +119,8 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
          }},
         {"06-hotkey-usage.png", [](DashboardFrame& f) { PressKey(f, WXK_F3); }},
     };
+    for (auto& step : SettingsTourSteps())
+        steps.push_back({step.file, step.action});
     std::printf("Tour: taking %zu screenshots into %s\n", steps.size(), folder.c_str());
     RunWhileWindowLives(dashboard, new TourTimer(dashboard, dir, std::move(steps)), 700);
 }
