@@ -11,6 +11,8 @@
 #include "settings/SettingPanel.h"
 #include "settings/SettingRootScreen.h"
 
+#include <wx/app.h>
+
 #include <memory>
 
 namespace host {
@@ -24,7 +26,7 @@ UIKit::SettingPanel* topPage()
         screens ? screens->Get(UIKit::MainSettingsController::c_strScreen) : nullptr);
     if (!screen)
         return nullptr;
-    screen->GetEventHandler()->ProcessPendingEvents();
+    wxTheApp->ProcessPendingEvents();
     return screen->GetTopPanel();
 }
 

@@ -53,10 +53,19 @@ void MainSettingsController::LoadSettingItemFromPlugins()
 {
     if (m_root)
         return;
-    m_culture = currentCulture();
+    PluginItems items;
     if (auto plugins = PluginManager::Instance())
         for (const auto& [key, plugin] : plugins->GetPlugins())
-            plugin->GetSettingItems(m_pluginItems);
+            plugin->GetSettingItems(items);
+    LoadSettingItems(items);
+}
+
+void MainSettingsController::LoadSettingItems(const PluginItems& items)
+{
+    if (m_root)
+        return;
+    m_culture = currentCulture();
+    m_pluginItems = items;
     if (const auto self = Instance(); self.get() == this)
         Devices::DeviceManager::AddListener(self);
     auto factory = CtrlFactory::Instance();

@@ -32,9 +32,13 @@ public:
     static const wchar_t* const c_strScreen;
     static const wchar_t* const c_strDocument;
 
-    // Collects the plug-ins' items, listens to the devices and builds the
-    // tree from the settings document; nothing when a tree exists.
+    // Collects the plug-ins' items and builds the tree with them; nothing
+    // when a tree exists.
     void LoadSettingItemFromPlugins();
+    // Listens to the devices and builds the tree from the settings document,
+    // placing the named items where it names them; nothing when a tree
+    // exists.
+    void LoadSettingItems(const PluginItems& items);
     // Stops listening to the devices and releases the tree and the plug-in
     // items, so a later load builds them afresh (after a change of language,
     // for instance).
