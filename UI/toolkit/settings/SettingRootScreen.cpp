@@ -218,6 +218,9 @@ void SettingRootScreen::onListKeyUp(wxCommandEvent& event)
         return;
     if (hotkeys->IsHotkey(key, L"UICommonCtrls", L"ATCmdLogs")) {
         showTitleMessage(onOff(MethodToString(L"StreamLogs"), ToggleStreamLogs()));
+        // A row of the page may show the switch.
+        if (auto controller = MainSettingsController::Instance())
+            controller->UpdateCurrentSettingPanel();
         return;
     }
     // Find fires the plug-ins bound to the key; the title names what fired.
