@@ -257,6 +257,35 @@ def arrow_button(name, up, size=32):
     c.save(f"{name}.png")
 
 
+def settings_images(size=40):
+    """The settings rows (nine-slice, one per state), the chevron of rows
+    with a page behind them, and the settings plug-in's icon."""
+    faces = {
+        "normal": (255, 255, 255, 14),
+        "over": (40, 205, 205, 70),
+        "pressed": (0, 150, 152, 130),
+    }
+    for state, face in faces.items():
+        c = Canvas(size, size)
+        outline = rounded_rect(0.5, 2.5, size - 0.5, size - 2.5, 8)
+        c.shape(outline, face)
+        c.shape(ring(rounded_rect(1.5, 3.5, size - 1.5, size - 3.5, 7), outline), (255, 255, 255, 30))
+        c.save(f"row_{state}.png")
+    chevron = Canvas(12, 16)
+    chevron.shape(segment(3, 2, 9, 8, 1.5), (200, 220, 240, 255))
+    chevron.shape(segment(9, 8, 3, 14, 1.5), (200, 220, 240, 255))
+    chevron.save("next_indicator.png")
+    icon = Canvas(32, 32)
+    icon.shape(rounded_rect(0.5, 0.5, 31.5, 31.5, 8), ACCENT_DARK)
+    white = (255, 255, 255, 255)
+    for i in range(8):
+        angle = 2 * math.pi * i / 8
+        cx, cy = 16 + 8.5 * math.cos(angle), 16 + 8.5 * math.sin(angle)
+        icon.shape(circle(cx, cy, 2.6), white)
+    icon.shape(ring(circle(16, 16, 3.5), circle(16, 16, 8)), white)
+    icon.save("icon_settings.png")
+
+
 def main():
     os.makedirs(OUT, exist_ok=True)
     window_background()
@@ -276,6 +305,7 @@ def main():
     arrow_button("month_previous", True)
     arrow_button("spin_up", True)
     arrow_button("spin_down", False)
+    settings_images()
 
 
 if __name__ == "__main__":

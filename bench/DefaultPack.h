@@ -1,9 +1,9 @@
 #pragma once
 // The appearance, the control factory and the template registry on the
-// default pack in English, with the standard controls registered, for as
+// default pack in English, with every control class of the library registered, for as
 // long as a benchmark runs.
 #include "appearance/Appearance.h"
-#include "controls/StandardControls.h"
+#include "app/LibraryControls.h"
 #include "descriptors/TemplateManager.h"
 #include "factory/CtrlFactory.h"
 
@@ -23,7 +23,7 @@ public:
         Appearance::CmdLine_OptionCulture = L"en";
         m_ok = Appearance::Instance()->Init();
         auto factory = CtrlFactory::Instance();
-        RegisterStandardControls(*factory);
+        RegisterLibraryControls(*factory);
         factory->SetResources(Appearance::Instance().get());
     }
     ~DefaultPack()

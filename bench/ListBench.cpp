@@ -7,7 +7,6 @@
 #include "controls/VScrollBar.h"
 #include "controls/VScrollCtrl.h"
 #include "lists/IDataSource.h"
-#include "lists/ListControls.h"
 #include "lists/ListCtrl.h"
 #include "xml/XMLLoader.h"
 
@@ -86,12 +85,11 @@ void paintRows(const std::vector<wxPanel*>& rows)
     }
 }
 
-// The default pack with the list classes and the row template registered.
+// The default pack with the row template registered.
 class ListLibrary {
 public:
     ListLibrary()
     {
-        RegisterListControls(*CtrlFactory::Instance());
         m_item = parse(kItemTemplate, m_itemLoader);
         m_list = parse(kList, m_listLoader);
         if (m_item)

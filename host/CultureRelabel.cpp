@@ -87,6 +87,15 @@ void CultureRelabel::ReadTemplates(const std::vector<TString<wchar_t>>& itemFile
     }
 }
 
+void CultureRelabel::ForgetWindows(wxWindow* root)
+{
+    if (!root)
+        return;
+    m_given.erase(root);
+    for (wxWindow* child : root->GetChildren())
+        ForgetWindows(child);
+}
+
 void CultureRelabel::ApplyToScreen(UIKit::Control* screen)
 {
     if (!screen || !screen->GetDescriptor())

@@ -31,6 +31,9 @@ public:
     // first change of language. Screens built after a change come from the
     // templates read at start, so they need it as much as those built before.
     void ApplyToScreen(UIKit::Control* screen);
+    // A window just built below `root` may sit where a destroyed one was:
+    // what was given to those is forgotten.
+    void ForgetWindows(wxWindow* root);
 
 private:
     // The label a control was last given by a description.

@@ -12,6 +12,8 @@
 #include "navigation/ScreenManager.h"
 #include "navigation/SequenceManager.h"
 #include "plugins/PluginManager.h"
+#include "settings/SettingPanel.h"
+#include "settings/SettingRootScreen.h"
 #include "util/Util.h"
 #include "xml/ErrorSink.h"
 
@@ -34,10 +36,17 @@ DashboardFrame::DashboardFrame(const wxRect& bounds) : UIKit::IDashboard(bounds)
     // minimises.
     Bind(wxEVT_BUTTON, &DashboardFrame::onButton, this);
     Bind(wxEVT_CHAR_HOOK, &DashboardFrame::onCharHook, this);
+    // Settings pages are built while the settings are shown, from templates
+    // read at start: they take the labels of the current language too.
+    UIKit::SettingRootScreen::SetPageHook([this](UIKit::SettingPanel& page) {
+        m_relabel.ForgetWindows(&page);
+        m_relabel.ApplyToScreen(&page);
+    });
 }
 
 DashboardFrame::~DashboardFrame()
 {
+    UIKit::SettingRootScreen::SetPageHook({});
     if (UIKit::IDashboard::s_pCurrent == this)
         UIKit::IDashboard::s_pCurrent = nullptr;
 }

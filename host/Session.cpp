@@ -7,11 +7,12 @@
 #include "Toolkit/PathManager.h"
 #include "appearance/Appearance.h"
 #include "appearance/ConfDataFile.h"
-#include "controls/StandardControls.h"
-#include "device/DeviceControls.h"
+#include "app/LibraryControls.h"
 #include "factory/CtrlFactory.h"
 #include "navigation/SequenceManager.h"
 #include "plugins/PluginManager.h"
+#include "settings/MainSettingsController.h"
+#include "settings/SettingRootScreen.h"
 
 #include <wx/filename.h>
 
@@ -65,8 +66,7 @@ bool LoadAppearance(const Options& options)
 void RegisterControls()
 {
     auto factory = UIKit::CtrlFactory::Instance();
-    UIKit::RegisterStandardControls(*factory);
-    UIKit::RegisterDeviceControls(*factory);
+    UIKit::RegisterLibraryControls(*factory);
     // Documents and controls the factory builds read the appearance's pack.
     factory->SetResources(UIKit::Appearance::Instance().get());
 }
@@ -89,6 +89,12 @@ void StartNavigation()
 {
     if (auto plugins = UIKit::Singleton<UIKit::PluginManager>::Instance())
         plugins->Load();
+    // The settings' stream-log switch lives in the preferences; the tree is
+    // built from the plug-ins just loaded.
+    UIKit::SettingRootScreen::SetStreamLogPreference("Diagnostics", "StreamLogs");
+    UIKit::SettingRootScreen::RestoreStreamLogs();
+    if (auto settings = UIKit::MainSettingsController::Instance())
+        settings->LoadSettingItemFromPlugins();
     if (auto sequences = UIKit::Singleton<UIKit::SequenceManager>::Instance())
         sequences->DoHome();
     // The window still opens, but empty: say where to look.
@@ -101,6 +107,8 @@ void StartNavigation()
 
 void StopNavigation(DashboardFrame* dashboard)
 {
+    if (auto settings = UIKit::MainSettingsController::Instance())
+        settings->UnloadSettingItemFromPlugins();
     if (auto plugins = UIKit::Singleton<UIKit::PluginManager>::Instance())
         plugins->Unload();
     if (auto sequences = UIKit::Singleton<UIKit::SequenceManager>::Instance())

@@ -3,6 +3,7 @@
 #include "DashboardFrame.h"
 #include "UserInput.h"
 #include "DeviceTour.h"
+#include "SettingsTour.h"
 #include "TourSupport.h"
 
 #include "appearance/Appearance.h"
@@ -139,6 +140,7 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
     std::vector<TourStep> steps = englishSteps();
     // More parts of the tour join here, one line each: append(steps, ...);
     append(steps, frenchSteps());
+    append(steps, SettingsTourSteps());
     std::printf("Tour: taking %zu screenshots into %s\n", steps.size(), folder.c_str());
     RunWhileWindowLives(dashboard, new TourTimer(dashboard, dir, std::move(steps)), 700);
 }

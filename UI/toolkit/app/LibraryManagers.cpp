@@ -35,6 +35,7 @@
 #include "navigation/TransitionManager.h"
 #include "plugins/PluginManager.h"
 #include "popups/NotifPopupManager.h"
+#include "settings/MainSettingsController.h"
 
 UIKIT_SINGLETON_SLOT(UIKit::SingleApplicationInstance)
 UIKIT_SINGLETON_SLOT(UIKit::AppController)
@@ -50,6 +51,7 @@ UIKIT_SINGLETON_SLOT(UIKit::SequenceManager)
 UIKIT_SINGLETON_SLOT(UIKit::ShortcutManager)
 UIKIT_SINGLETON_SLOT(UIKit::ScreenManager)
 UIKIT_SINGLETON_SLOT(UIKit::PluginManager)
+UIKIT_SINGLETON_SLOT(UIKit::MainSettingsController)
 UIKIT_SINGLETON_SLOT(UIKit::NotifPopupManager)
 
 namespace UIKit {
@@ -72,6 +74,7 @@ const SingletonTable& SingletonTable::Library()
         SingletonTable::Entry<ShortcutManager>("ShortcutManager", 13, 9),
         SingletonTable::Entry<ScreenManager>("ScreenManager", 12, 8),
         SingletonTable::Entry<PluginManager>("PluginManager", 14, 10),
+        SingletonTable::Entry<MainSettingsController>("MainSettingsController", 15, 11),
         SingletonTable::Entry<NotifPopupManager>("NotifPopupManager", 16, 13),
     });
     return table;
