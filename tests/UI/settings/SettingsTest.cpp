@@ -7,7 +7,7 @@
 
 #include "ComCore/ITransport.h"
 #include "Preferences/AppPreferences.h"
-#include "controls/StandardControls.h"
+#include "app/LibraryControls.h"
 #include "factory/ControlIds.h"
 #include "factory/CtrlGenerator.h"
 #include "lists/ListCtrl.h"
@@ -16,7 +16,6 @@
 #include "settings/MainSettingsController.h"
 #include "settings/SettingPanel.h"
 #include "settings/SettingRootScreen.h"
-#include "settings/SettingsControls.h"
 
 #include <wx/app.h>
 
@@ -65,8 +64,7 @@ protected:
         for (const char* label : {"Root", "A", "B", "Other page"})
             m_resources.strings[label] = TString<wchar_t>(std::wstring(label, label + strlen(label)));
         Factory().SetResources(&m_resources);
-        RegisterStandardControls(Factory());
-        RegisterSettingsControls(Factory());
+        RegisterLibraryControls(Factory());
         Factory().AddGenerator(L"OtherPage", CtrlGenerator<PanelCtrlDescriptor, SettingPanel>::Make());
         TemplateManager::Instance()->Load(m_templates.Root(), Factory());
         for (auto create : {&ScreenManager::CreateInstance, &HotkeysManager::CreateInstance,
