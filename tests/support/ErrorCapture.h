@@ -20,7 +20,6 @@ public:
     ErrorCapture& operator=(const ErrorCapture&) = delete;
 
     const std::vector<std::string>& Lines() const { return m_lines; }
-    void Clear() { m_lines.clear(); }
 
 private:
     UIKit::ErrorSink::Handler m_previous;

@@ -5,9 +5,11 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 
+#include <dlfcn.h>
+
 #include <chrono>
 #include <fstream>
-#include <future>
+#include <iterator>
 #include <random>
 #include <thread>
 
@@ -116,18 +118,18 @@ bool ProcessEventsUntil(const std::function<bool()>& condition, int boundMs)
     return true;
 }
 
-void RunOnGuiThread(const std::function<void()>& function)
+std::string ReadFile(const std::filesystem::path& path)
 {
-    if (wxThread::IsMain()) {
-        function();
-        return;
-    }
-    std::promise<void> done;
-    wxTheApp->CallAfter([&] {
-        function();
-        done.set_value();
-    });
-    done.get_future().wait();
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+bool IsMapped(const std::filesystem::path& path)
+{
+    void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    if (handle)
+        dlclose(handle);
+    return handle != nullptr;
 }
 
 std::filesystem::path DataDir()

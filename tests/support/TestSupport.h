@@ -5,8 +5,10 @@
 
 #include <atomic>
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,7 +21,6 @@ public:
     explicit FakeClock(uint64_t start = 1000);
     ~FakeClock();
     void Advance(uint64_t ms) { m_now += ms; }
-    void Set(uint64_t ms) { m_now = ms; }
     uint64_t Now() const { return m_now; }
 
 private:
@@ -58,12 +59,33 @@ private:
     std::filesystem::path m_path;
 };
 
+// Sets an environment variable for the lifetime of the object.
+class ScopedEnv {
+public:
+    ScopedEnv(const char* name, const std::string& value) : m_name(name)
+    {
+        if (const char* old = std::getenv(name))
+            m_old = old;
+        setenv(name, value.c_str(), 1);
+    }
+    ~ScopedEnv() { m_old ? (void)setenv(m_name, m_old->c_str(), 1) : (void)unsetenv(m_name); }
+    ScopedEnv(const ScopedEnv&) = delete;
+    ScopedEnv& operator=(const ScopedEnv&) = delete;
+
+private:
+    const char* m_name;
+    std::optional<std::string> m_old;
+};
+
 // Processes pending GUI events until the condition holds or the bound (in
 // real milliseconds) passes; returns the condition's last value.
 bool ProcessEventsUntil(const std::function<bool()>& condition, int boundMs = 5000);
 
-// Runs the function on the GUI thread and waits for it (GUI binaries only).
-void RunOnGuiThread(const std::function<void()>& function);
+// The whole content of a file, empty when it cannot be read.
+std::string ReadFile(const std::filesystem::path& path);
+
+// Whether the shared library at the path is mapped into this process.
+bool IsMapped(const std::filesystem::path& path);
 
 // The folder of the shared test data (tests/data in the source tree).
 std::filesystem::path DataDir();

@@ -14,12 +14,10 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -70,12 +68,6 @@ inline std::string LanguageFile(const std::string& culture, const std::string& n
     return text + "END\n";
 }
 
-inline std::string FileText(const fs::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 using testsupport::ErrorCapture;
 
 // Replaces the pack limits in force for the lifetime of the object, so
@@ -92,24 +84,6 @@ public:
 
 private:
     UIKit::PackLimits m_old;
-};
-
-// Sets an environment variable for the lifetime of the object.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* name, const std::string& value) : m_name(name)
-    {
-        if (const char* old = std::getenv(name))
-            m_old = old;
-        setenv(name, value.c_str(), 1);
-    }
-    ~ScopedEnv() { m_old ? (void)setenv(m_name, m_old->c_str(), 1) : (void)unsetenv(m_name); }
-    ScopedEnv(const ScopedEnv&) = delete;
-    ScopedEnv& operator=(const ScopedEnv&) = delete;
-
-private:
-    const char* m_name;
-    std::optional<std::string> m_old;
 };
 
 class AppearanceTest : public testing::Test {
@@ -135,8 +109,8 @@ protected:
     void WritePack(const std::string& name, const Files& files) const { WriteDirPack(Appearances() / name, files); }
 
     testsupport::TempDir m_temp;
-    ScopedEnv m_appearancesEnv;
-    ScopedEnv m_configEnv;
+    testsupport::ScopedEnv m_appearancesEnv;
+    testsupport::ScopedEnv m_configEnv;
     std::string m_locale;
     Toolkit::smart_ptr<UIKit::Appearance> m_appearance;
 };

@@ -28,7 +28,7 @@ Toolkit::smart_ptr<UIKit::ImageDescriptor> descriptor(const wchar_t* name, const
 
 TEST(ImageCacheTest, DecodesOnceAndReportsEachBadImageOnce)
 {
-    const std::string png = appearancetest::FileText(appearancetest::TestPackDir() / "graphics" / "logo.img");
+    const std::string png = testsupport::ReadFile(appearancetest::TestPackDir() / "graphics" / "logo.img");
     const appearancetest::Files files{
         {"graphics/logo.png", png}, {"graphics/other.img", png}, {"graphics/broken.png", "not a png"}};
     testsupport::TempDir temp;

@@ -23,19 +23,15 @@ TEST_F(AppearanceTest, StringsParseDefinitionsAndReportBrokenLines)
     };
     const Case cases[] = {
         {L"LB_A \"Hello\"", "LB_A", L"Hello", L""},
-        {L"    LB_B\t\t\"tabbed\"", "LB_B", L"tabbed", L""},
         {L"LB_Q \"He said \"hi\" twice\"", "LB_Q", L"He said \"hi\" twice", L""},
         {L"LB_N \"one\\ntwo\\n\"", "LB_N", L"one\ntwo\n", L""},
         {L"LB_T \"keep\\tthis\"", "LB_T", L"keep\\tthis", L""},
         {L"some words LB_W \"last key wins\"", "LB_W", L"last key wins", L""},
         {L"LB_A \"Replaced\"", "LB_A", L"Replaced", L""},
         {L"LB_K \"a\\\\nb\"", "LB_K", L"a\\\nb", L""}, // escapes read left to right
-        {L"LB_M \"x\" \"y\"", "LB_M", L"x\" \"y", L""},
         {L"AaAa \"1\"", "AaAa", L"1", L""}, // keys that shared one hash under the old table hash
         {L"AaFH \"2\"", "AaFH", L"2", L""},
-        {L"FHAa \"3\"", "FHAa", L"3", L""},
         {L"\"a\" LB_Z \"b\"", nullptr, L"", c_emptyKey},
-        {L"  - \"dash before\"", nullptr, L"", c_emptyKey},
         {L"LB_X \"unterminated", nullptr, L"", c_noMatch},
         {L"", nullptr, L"", L""},
         {L"  END", nullptr, L"", L""},

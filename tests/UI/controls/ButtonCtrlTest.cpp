@@ -6,6 +6,7 @@
 #include "factory/ControlIds.h"
 
 using namespace UIKit;
+using controltest::Mouse;
 using controltest::Render;
 using controltest::SwatchAt;
 
@@ -26,12 +27,6 @@ protected:
                 m_onClick();
         });
         return button;
-    }
-    static void Mouse(ButtonCtrl* button, wxEventType type)
-    {
-        wxMouseEvent event(type);
-        event.SetEventObject(button);
-        button->GetEventHandler()->ProcessEvent(event);
     }
     static void Click(ButtonCtrl* button)
     {

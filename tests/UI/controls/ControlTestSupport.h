@@ -41,6 +41,14 @@ inline std::string SwatchAt(const wxImage& image, int x, int y)
     return "none";
 }
 
+// Sends a mouse event of the type to the window, as coming from it.
+inline void Mouse(wxWindow* window, wxEventType type)
+{
+    wxMouseEvent event(type);
+    event.SetEventObject(window);
+    window->GetEventHandler()->ProcessEvent(event);
+}
+
 // Renders with the function into a bitmap of the size, white beforehand.
 template <class Draw>
 wxImage Render(const wxSize& size, Draw draw)

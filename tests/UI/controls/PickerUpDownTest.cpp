@@ -89,9 +89,7 @@ TEST_F(PickerUpDownTest, MonthStepsKeepTheDayWithinTheMonthReached)
     };
     const Case cases[] = {
         {DateTime(2009, 1, 31, 10, 0, 0), ID_UP, DateTime(2009, 2, 28, 10, 0, 0), L"February, 2009"},
-        {DateTime(2008, 1, 31), ID_UP, DateTime(2008, 2, 29), L"February, 2008"},
         {DateTime(2009, 3, 31), ID_DOWN, DateTime(2009, 2, 28), L"February, 2009"},
-        {DateTime(2009, 12, 15), ID_UP, DateTime(2010, 1, 15), L"January, 2010"},
     };
     for (const auto& c : cases) {
         MonthPickerCtrl* picker = Picker();

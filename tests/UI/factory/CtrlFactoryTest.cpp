@@ -94,7 +94,6 @@ TEST_F(CtrlFactoryTest, TemplateRegistryKeysByClassAndKeepsTheFirst)
 {
     Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
     Factory().AddGenerator(L"", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
-    testsupport::LogCapture log;
     const Document first(R"(<Templates><Control class="Plain" name="one"/><Control class="Unknown"/>
         <Control name="nameless"/><Other class="Plain"/></Templates>)");
     const Document second(R"(<Templates><Control class="Plain" name="two"/></Templates>)");
@@ -130,25 +129,6 @@ TEST_F(CtrlFactoryTest, OnePathFromPackToControlTreeWithTheFactorysResources)
     EXPECT_FALSE(Factory().CreateDescriptorFromPack(L"absent"));
     EXPECT_EQ(errors.Lines(), (std::vector<std::string>{
                                 "absent.xml: the description cannot be read from the appearance pack"}));
-}
-
-TEST_F(CtrlFactoryTest, TruncatedDocumentIsReportedWithFileAndLineAndBuildsWhatItCan)
-{
-    FakeResources pack;
-    const std::string whole = "<Control class=\"Plain\" name=\"Dashboard\">\n"
-                              "  <Control class=\"Plain\" name=\"Title\"/>\n"
-                              "  <Control class=\"Plain\" name=\"Status\"/>\n"
-                              "  <Control class=\"Plain\" name=\"Connect\" bounds=\"1,2,3,4\"/>\n"
-                              "</Control>\n";
-    pack.documents[L"dashboard"] = whole.substr(0, whole.find("name=\"Connect\"") + 8);
-    Factory().AddGenerator(L"Plain", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
-    Factory().SetResources(&pack);
-    ErrorCapture errors;
-    auto descriptor = Factory().CreateDescriptorFromPack(L"dashboard");
-    ASSERT_FALSE(errors.Lines().empty()) << "a truncated document is not silently half-built";
-    EXPECT_EQ(errors.Lines().front().rfind("dashboard.xml:4: ", 0), 0u) << errors.Lines().front();
-    ASSERT_TRUE(descriptor) << "what could be read is still built";
-    EXPECT_TRUE(descriptor->GetControl(L"Title") && descriptor->GetControl(L"Status"));
 }
 
 } // namespace

@@ -8,22 +8,12 @@
 #include "plugins/PluginManager.h"
 #include "xml/XMLLoader.h"
 
-#include <dlfcn.h>
-
 #include <gtest/gtest.h>
 
 using namespace UIKit;
 namespace fs = std::filesystem;
 
 namespace {
-
-bool IsMapped(const fs::path& path)
-{
-    void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
-    if (handle)
-        dlclose(handle);
-    return handle != nullptr;
-}
 
 // Records which section (its "of" attribute) reaches which table, walks the
 // event rows as the event table does, and passes templates on.
@@ -92,9 +82,9 @@ protected:
     }
 
     testsupport::TempDir m_dir;
-    appearancetest::ScopedEnv m_plugins;
-    appearancetest::ScopedEnv m_appearances;
-    appearancetest::ScopedEnv m_config;
+    testsupport::ScopedEnv m_plugins;
+    testsupport::ScopedEnv m_appearances;
+    testsupport::ScopedEnv m_config;
     RecordingTables m_tables;
     PluginItemTables* m_previousTables = nullptr;
 };
@@ -173,9 +163,9 @@ TEST_F(PluginManagerTest, AnUnloadedPluginStaysMappedWhileAGeneratorOfItsCodeIsH
     ASSERT_EQ(PluginManager::Instance()->GetPlugins().size(), 1u);
     PluginManager::Instance()->Unload();
     PluginManager::ReleaseInstance();
-    EXPECT_TRUE(IsMapped(path)) << "the factory still holds the plug-in's generator";
+    EXPECT_TRUE(testsupport::IsMapped(path)) << "the factory still holds the plug-in's generator";
     CtrlFactory::ReleaseInstance();
-    EXPECT_FALSE(IsMapped(path));
+    EXPECT_FALSE(testsupport::IsMapped(path));
 }
 
 } // namespace

@@ -38,7 +38,7 @@ protected:
         FactoryFixture::SetUp();
         RegisterStandardControls(Factory());
         const auto pack = appearancetest::TestPackDir();
-        m_pack.documents[L"notifpopup"] = appearancetest::FileText(pack / "notifpopup.xml");
+        m_pack.documents[L"notifpopup"] = testsupport::ReadFile(pack / "notifpopup.xml");
         for (const wchar_t* image : {L"background.png", L"button.png"})
             m_pack.images[image] = wxImage((pack / "graphics" / image).string());
         m_pack.strings["LB_TITLE"] = L"Title";

@@ -9,8 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 TEST(XmlRegressionTest, KeptInputsParseAndWalk)
@@ -18,8 +16,7 @@ TEST(XmlRegressionTest, KeptInputsParseAndWalk)
     const auto folder = testsupport::DataDir() / "xml" / "regressions";
     size_t files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        std::ifstream file(entry.path(), std::ios::binary);
-        const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        const std::string bytes = testsupport::ReadFile(entry.path());
         for (const bool lazy : {false, true}) {
             UIKit::XML_NODE* top = nullptr;
             ASSERT_EQ(UIKit::node_create(&top, "root", nullptr), UIKit::XML_OK);

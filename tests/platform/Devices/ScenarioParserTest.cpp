@@ -67,7 +67,6 @@ TEST(ScenarioParser, ReadsGoodLinesAndReportsEachBadLine)
 // come from the IMEI and stay apart between modems.
 TEST(ScenarioParser, KeepsTheRestOfTheFile)
 {
-    testsupport::LogCapture log;
     const auto scenario = ScenarioParser::ParseText(
         "t.scenario", c_header + "A plug\nA wait forever\nA unlock\nB modem imei=490154203237518\nB plug\n");
     EXPECT_EQ(scenario.errors, 1u);

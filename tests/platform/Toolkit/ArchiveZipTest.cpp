@@ -35,12 +35,6 @@ void zipWithTool(const std::filesystem::path& folder, const std::string& archive
     ASSERT_EQ(std::system(command.c_str()), 0) << command;
 }
 
-std::string fileContent(const std::filesystem::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), {});
-}
-
 class ArchiveZipTest : public testing::Test {
 protected:
     void SetUp() override
@@ -75,11 +69,9 @@ TEST_F(ArchiveZipTest, ListsFilesAndFoldersByPattern)
         std::vector<std::wstring> names;
     };
     const Case cases[] = {
-        {L"main.xml", 1, 1, {L"main.xml"}},
         {L"graphics/*", 1, 1, {L"graphics/logo.png"}},
         {L"strings.*", 2, 1, {L"strings.en/", L"strings.fr/"}},
         {L"strings.fr*", 1, 1, {L"strings.fr/main.txt"}}, // "*" crosses "/"
-        {L"*", 2, 1, {L"graphics/", L"strings.en/", L"strings.fr/"}},
         {L"main.xml", 2, 0, {}},
         {L"*", 3, -1, {}},
     };
@@ -162,10 +154,6 @@ TEST_F(ArchiveZipTest, FilesThatAreNotArchivesFailWithOneLogEntry)
     EXPECT_FALSE(zip.Open(TString<char>(fake.string()), true));
     EXPECT_EQ(log.Count(L"fake.zip: Not a zip archive"), 1u) << log.Dump();
 
-    log.Clear();
-    EXPECT_FALSE(zip.Open(TString<char>(m_dir.Str() + "/absent.zip"), true));
-    EXPECT_EQ(log.Count(L"absent.zip: No such file"), 1u) << log.Dump();
-
     Entries found;
     EXPECT_EQ(zip.EntriesList(found, L"*", 1), -1);
     EXPECT_FALSE(zip.GetZipInputStream(ArchiveZipEntry(L"main.xml", 0, 7, 7, false)));
@@ -179,7 +167,7 @@ TEST_F(ArchiveZipTest, DamagedEntryReadsAsAnErrorLoggedOnce)
     for (const std::string option : {"-0", "-9"}) {
         const auto archive = m_dir.Path() / ("damaged" + option + ".zip");
         zipWithTool(m_dir.Path() / "damaged", archive.string(), option, "data.txt");
-        std::string raw = fileContent(archive);
+        std::string raw = testsupport::ReadFile(archive);
         // Local header: 30 bytes, then the name and the extra field, then the data.
         const size_t dataStart = 30 + (uint8_t(raw[26]) | uint8_t(raw[27]) << 8) + (uint8_t(raw[28]) | uint8_t(raw[29]) << 8);
         for (size_t i = dataStart + 8; i < dataStart + 16; ++i)

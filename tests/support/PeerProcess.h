@@ -1,5 +1,7 @@
 #pragma once
-// Runs the ipc_peer helper program as a second process and reads its output.
+// Runs a program (the ipc_peer helper unless told otherwise) as a second
+// process, with more environment variables if given, and reads its output;
+// its error output is dropped.
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -8,7 +10,9 @@ namespace testsupport {
 
 class PeerProcess {
 public:
-    explicit PeerProcess(const std::vector<std::string>& arguments);
+    explicit PeerProcess(const std::vector<std::string>& arguments,
+                         const std::string& program = UIKIT_BIN_DIR "/ipc_peer",
+                         const std::vector<std::string>& environment = {});
     ~PeerProcess(); // kills the peer if it still runs
     PeerProcess(const PeerProcess&) = delete;
     PeerProcess& operator=(const PeerProcess&) = delete;

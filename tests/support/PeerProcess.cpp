@@ -12,20 +12,27 @@ extern char** environ;
 
 namespace testsupport {
 
-PeerProcess::PeerProcess(const std::vector<std::string>& arguments)
+PeerProcess::PeerProcess(const std::vector<std::string>& arguments, const std::string& program,
+                         const std::vector<std::string>& environment)
 {
     int out[2];
     if (::pipe2(out, O_CLOEXEC) != 0)
         return;
-    const std::string program = std::string(UIKIT_BIN_DIR) + "/ipc_peer";
     std::vector<char*> argv{const_cast<char*>(program.c_str())};
     for (const auto& a : arguments)
         argv.push_back(const_cast<char*>(a.c_str()));
     argv.push_back(nullptr);
+    std::vector<char*> envp;
+    for (char** variable = environ; *variable; ++variable)
+        envp.push_back(*variable);
+    for (const auto& variable : environment)
+        envp.push_back(const_cast<char*>(variable.c_str()));
+    envp.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
-    if (::posix_spawn(&m_pid, program.c_str(), &actions, nullptr, argv.data(), environ) != 0)
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    if (::posix_spawn(&m_pid, program.c_str(), &actions, nullptr, argv.data(), envp.data()) != 0)
         m_pid = -1;
     posix_spawn_file_actions_destroy(&actions);
     ::close(out[1]);
