@@ -58,13 +58,13 @@ TEST_F(ButtonCtrlTest, ReleasingOutsideCancelsTheClick)
     EXPECT_EQ(m_clicks, 1);
 }
 
-TEST_F(ButtonCtrlTest, ClicksWithinHalfASecondOfTheLastOneAreDropped)
+TEST_F(ButtonCtrlTest, ClicksWithinHalfASecondOfTheLastHandlerReturningAreDropped)
 {
     struct Case {
         uint64_t gap;
         int clicks;
     };
-    for (const auto& c : {Case{300, 1}, Case{500, 1}, Case{501, 2}, Case{600, 2}}) {
+    for (const auto& c : {Case{500, 1}, Case{501, 2}}) {
         testsupport::FakeClock clock(10000);
         m_clicks = 0;
         ButtonCtrl* button = Button(">");
@@ -75,11 +75,10 @@ TEST_F(ButtonCtrlTest, ClicksWithinHalfASecondOfTheLastOneAreDropped)
         EXPECT_EQ(m_clicks, c.clicks) << c.gap << " ms apart";
         button->Destroy();
     }
-}
 
-TEST_F(ButtonCtrlTest, TheIntervalStartsWhenTheClickHandlerReturns)
-{
+    // The interval starts when the click handler returns.
     testsupport::FakeClock clock(10000);
+    m_clicks = 0;
     ButtonCtrl* button = Button(">");
     m_onClick = [&] { clock.Advance(2000); }; // a handler that takes 2 s
     Mouse(button, wxEVT_ENTER_WINDOW);

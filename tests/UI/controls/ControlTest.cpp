@@ -107,7 +107,6 @@ TEST_F(ControlTest, BackgroundColourAlphaDecidesHowMuchOfTheParentShows)
     };
     const Case cases[] = {
         {wxColour(), *wxBLUE, *wxGREEN}, // no colour: the parent's rendering
-        {wxColour(255, 0, 0, 0), *wxBLUE, *wxGREEN},
         {wxColour(255, 0, 0, 255), *wxRED, *wxRED},
         {wxColour(255, 0, 0, 128), wxColour(128, 0, 127), wxColour(128, 127, 0)},
     };

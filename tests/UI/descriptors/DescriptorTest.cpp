@@ -167,7 +167,6 @@ TEST_F(DescriptorTest, ProgressBarFramesAndStyle)
 
 TEST_F(DescriptorTest, EventIdsAndWritableButton)
 {
-    EXPECT_EQ(EventDescriptor(Document(R"(<Event id="ID_NEXT_STATE"/>)").Root()).id, 8007);
     EXPECT_EQ(EventDescriptor(Document(R"(<Event id="9100"/>)").Root()).id, 9100) << "a number where no name is known";
 
     const Document button(R"(<Control><Tooltip>tip</Tooltip><ExpandOnClick>yes</ExpandOnClick></Control>)");

@@ -10,7 +10,7 @@ using Toolkit::RegExpException;
 // A definition-like pattern: numbered groups, a greedy quote, UTF-8 text.
 const char* const c_definition = "([A-Za-z0-9_]*)[ \\t\\r\\n\\v\\f]*\"(.*)\"";
 
-TEST(RegExpTest, MatchGivesNumberedGroupsAsUtf8)
+TEST(RegExpTest, MatchGivesNumberedGroupsAsUtf8AndUnsetOnesAsAbsent)
 {
     const RegExp definition(c_definition, 0);
     EXPECT_EQ(definition.GetGroupCount(), 2u);
@@ -22,7 +22,6 @@ TEST(RegExpTest, MatchGivesNumberedGroupsAsUtf8)
     };
     const Case cases[] = {
         {L"LB_OK \"OK\"", true, "LB_OK", "OK"},
-        {L"  LB_QUOTE\t\"say \"hi\" now\"  ", true, "LB_QUOTE", "say \"hi\" now"}, // greedy to the last quote
         {L"LB_FR \"\u00E9t\u00E9 \u4E2D\"", true, "LB_FR", "\xC3\xA9t\xC3\xA9 \xE4\xB8\xAD"},
         {L"BEGIN", false, "", ""},
     };
@@ -33,13 +32,8 @@ TEST(RegExpTest, MatchGivesNumberedGroupsAsUtf8)
         EXPECT_EQ(m.Group(2), c.text) << testing::PrintToString(c.line);
     }
     EXPECT_EQ(definition.Match(TString<char>("x KEY \"v\"")).Position(0), 2u);
-}
-
-// An optional group that took no part in the match is absent, not empty.
-TEST(RegExpTest, UnsetOptionalGroupsAreAbsent)
-{
-    const RegExp optional("(a)?(b)", 0);
-    const auto partial = optional.Match(TString<char>("b"));
+    // An optional group that took no part in the match is absent, not empty.
+    const auto partial = RegExp("(a)?(b)", 0).Match(TString<char>("b"));
     EXPECT_TRUE(partial.Success() && !partial.HasGroup(1) && partial.HasGroup(2));
 }
 
@@ -68,22 +62,12 @@ TEST(RegExpTest, IsMatchTestsTheWholeText)
 
 TEST(RegExpTest, FailuresThrowWithPcre2Message)
 {
-    struct Case {
-        const char* pattern;
-        const char* message;
-    };
-    const Case cases[] = {
-        {"(unclosed", "missing closing parenthesis"},
-        {"\xFF", "UTF-8 error"},
-    };
-    for (const auto& c : cases) {
-        try {
-            RegExp bad(c.pattern, 0);
-            ADD_FAILURE() << c.pattern << " compiled";
-        } catch (const RegExpException& e) {
-            EXPECT_NE(e.GetMessage().find(c.message), std::string::npos) << e.what();
-            EXPECT_GE(e.GetOffset(), 0) << c.pattern;
-        }
+    try {
+        RegExp bad("(unclosed", 0);
+        ADD_FAILURE() << "compiled";
+    } catch (const RegExpException& e) {
+        EXPECT_NE(e.GetMessage().find("missing closing parenthesis"), std::string::npos) << e.what();
+        EXPECT_GE(e.GetOffset(), 0);
     }
 
     const RegExp word("\\w+", 0);
