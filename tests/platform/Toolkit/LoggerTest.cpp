@@ -23,23 +23,17 @@ TEST(LoggerTest, EntryCarriesSeverityPlaceAndMessage)
     EXPECT_NE(Toolkit::ILogger::Format(entries[0]).find(L"LoggerTest.cpp:"), std::wstring::npos);
 }
 
-TEST(LoggerTest, MinimumSeverityDropsLesserEntriesAndFileSinkAppends)
+// The minimum applies before any sink sees the entry.
+TEST(LoggerTest, MinimumSeverityDropsLesserEntriesAndAnUnusableFileIsNoSink)
 {
     testsupport::LogCapture log;
-    testsupport::TempDir dir;
-    const auto path = dir.Str() + "/state/app.log";
     auto& logger = Toolkit::ILogger::Instance();
-    auto fileSink = logger.AddFileSink(path);
-    ASSERT_TRUE(fileSink);
     logger.SetMinimumSeverity(Toolkit::LogError);
     TK_LOG(Toolkit::LogInfo) << "dropped";
     TK_LOG(Toolkit::LogInfo) << Toolkit::SetSeverity(Toolkit::LogError) << "kept";
     logger.SetMinimumSeverity(Toolkit::LogInfo);
-    logger.RemoveSink(fileSink);
     EXPECT_FALSE(log.Contains(L"dropped"));
     EXPECT_TRUE(log.Contains(L"kept"));
-    const std::string content = testsupport::ReadFile(path);
-    EXPECT_TRUE(content.find("kept") != std::string::npos && content.find("dropped") == std::string::npos);
 
     EXPECT_FALSE(logger.AddFileSink("/proc/no/such/dir/app.log"));
     EXPECT_TRUE(log.Contains(L"cannot open log file /proc/no/such/dir/app.log"));
@@ -62,7 +56,7 @@ TEST(LoggerTest, ControlCharactersInMessagesAreEscapedInEverySink)
         {L"caf\u00E9 \u4E2D ok", L"caf\u00E9 \u4E2D ok"},
     };
     testsupport::TempDir dir;
-    const auto path = dir.Str() + "/app.log";
+    const auto path = dir.Str() + "/state/app.log"; // the missing folder is made
     auto& logger = Toolkit::ILogger::Instance();
     testsupport::LogCapture log;
     auto fileSink = logger.AddFileSink(path);
