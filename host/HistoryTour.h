@@ -1,0 +1,12 @@
+#pragma once
+// The history's part of the demonstration: the connection history screen
+// in English with a few sessions, then sorted by volume and filtered.
+#include "Tour.h"
+
+#include <vector>
+
+namespace host {
+
+std::vector<TourStep> HistoryTourSteps();
+
+} // namespace host
