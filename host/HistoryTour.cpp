@@ -65,6 +65,8 @@ std::vector<TourStep> HistoryTourSteps()
              useSampleHistory();
              Click(f, UIKit::ID_HOME);
              Click(f, UIKit::ID_BROWSE);
+             // The pointer left over a row would show the row's tool tip.
+             f.WarpPointer(0, 0);
          }},
         {"history-sorted",
          [](DashboardFrame& f) {

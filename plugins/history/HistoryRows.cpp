@@ -48,8 +48,8 @@ void HistoryRows::decorateItemAtRowIndex(unsigned int& row, UIKit::Control& cont
     item->SetControlLabel(label);
     if (auto* labeled = dynamic_cast<UIKit::LabeledListItemCtrl*>(item))
         labeled->SetDetailLabel(detail);
-    // The filter matches what the user reads on the row.
-    item->SetFilterString(label + L" " + detail);
+    // The filter matches what the user reads on the row, whatever the case.
+    item->SetFilterString(UIKit::ListItemCtrl::LowerSingleByte(label + L" " + detail));
     item->SetSortString(sortKey(entry, row));
 }
 

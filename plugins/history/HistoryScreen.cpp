@@ -2,11 +2,11 @@
 
 #include "HistoryPlugin.h"
 
+#include "appearance/Appearance.h"
 #include "controls/EditTextCtrl.h"
 #include "util/Util.h"
 
 #include <array>
-#include <utility>
 
 namespace historyplugin {
 namespace {
@@ -15,10 +15,16 @@ const wchar_t* const c_strList = L"HistoryList";
 const wchar_t* const c_strFilter = L"SearchText";
 const wchar_t* const c_strEmpty = L"EmptyText";
 
-const std::array<std::pair<const wchar_t*, HistoryRows::Column>, 3> c_sortButtons = {{
-    {L"SortDate", HistoryRows::ByDate},
-    {L"SortDuration", HistoryRows::ByDuration},
-    {L"SortVolume", HistoryRows::ByVolume},
+struct SortButton {
+    const wchar_t* name;
+    HistoryRows::Column column;
+    const char* label;
+};
+
+const std::array<SortButton, 3> c_sortButtons = {{
+    {L"SortDate", HistoryRows::ByDate, "BT_SORT_DATE"},
+    {L"SortDuration", HistoryRows::ByDuration, "BT_SORT_DURATION"},
+    {L"SortVolume", HistoryRows::ByVolume, "BT_SORT_VOLUME"},
 }};
 
 } // namespace
@@ -71,14 +77,30 @@ void HistoryScreen::Refill()
     rows->Show(!empty);
     rows->Populate();
     applyFilter();
+    markSortButton();
+}
+
+void HistoryScreen::markSortButton()
+{
+    auto appearance = UIKit::Appearance::Instance();
+    if (!appearance)
+        return;
+    for (const auto& sort : c_sortButtons)
+        if (auto* button = UIKit::Util::FindControl<UIKit::Control>(this, sort.name, true)) {
+            TString<wchar_t> label = appearance->GetStr(sort.label);
+            if (sort.column == m_rows.GetColumn())
+                label += m_rows.IsAscending() ? L" \u25b2" : L" \u25bc";
+            button->SetControlLabel(label);
+        }
 }
 
 void HistoryScreen::onButton(wxCommandEvent& event)
 {
     auto* button = dynamic_cast<wxWindow*>(event.GetEventObject());
-    for (const auto& [name, column] : c_sortButtons)
-        if (button && button->GetName() == name) {
-            m_rows.SortBy(column);
+    for (const auto& sort : c_sortButtons)
+        if (button && button->GetName() == sort.name) {
+            m_rows.SortBy(sort.column);
+            markSortButton();
             // The sort strings depend on the column: the rows are made again.
             if (UIKit::ListCtrl* rows = list())
                 rows->Populate();

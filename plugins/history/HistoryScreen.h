@@ -30,6 +30,8 @@ private:
     void onButton(wxCommandEvent& event);
     void onText(wxCommandEvent& event);
     void applyFilter();
+    // The button of the sorting column shows the direction with an arrow.
+    void markSortButton();
 
     HistoryRows m_rows;
     // Children may go before the screen does.

@@ -38,23 +38,23 @@ protected:
         click.SetEventObject(button);
         button->GetEventHandler()->ProcessEvent(click);
     }
-    // The device names of the rows shown, top to bottom.
+    // The first letters of the device names of the rows shown, top to bottom.
     std::wstring Shown() const
     {
         std::wstring names;
         unsigned int height = 0;
         for (auto* row : Find<UIKit::ListCtrl>(L"HistoryList")->GetItems())
             if (row->IsShown()) {
-                names += row->GetControlLabel().substr(row->GetControlLabel().rfind(L' ') + 1);
+                names += row->GetControlLabel()[row->GetControlLabel().rfind(L' ') + 1];
                 height += row->GetHeight();
             }
         EXPECT_EQ(height, Find<UIKit::ListCtrl>(L"HistoryList")->GetTotalHeight());
         return names;
     }
 
-    std::string m_history = "2026-03-02 10:00:00\t60\t100\t100\tB\n"
-                            "2026-03-01 10:00:00\t7200\t10\t10\tA\n"
-                            "2026-03-03 10:00:00\t600\t5000000\t1\tC\n";
+    std::string m_history = "2026-03-02 10:00:00\t60\t100\t100\tBq\n"
+                            "2026-03-01 10:00:00\t7200\t10\t10\tAq\n"
+                            "2026-03-03 10:00:00\t600\t5000000\t1\tCq\n";
 };
 
 TEST_F(HistoryScreenTest, SortsByEachColumnBothWaysAndFilters)
@@ -77,7 +77,7 @@ TEST_F(HistoryScreenTest, SortsByEachColumnBothWaysAndFilters)
     const struct {
         const wchar_t* text;
         const wchar_t* shown;
-    } filters[] = {{L"03-02", L"B"}, {L"02:00:00", L"A"}, {L"nothing like it", L""}, {L"", L"CBA"}};
+    } filters[] = {{L"03-02", L"B"}, {L"CQ", L"C"}, {L"02:00:00", L"A"}, {L"nothing like it", L""}, {L"", L"CBA"}};
     for (const auto& f : filters) {
         filter->SetControlLabel(f.text); // the box tells of the change as typing does
         EXPECT_EQ(Shown(), f.shown) << f.text;
