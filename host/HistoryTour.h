@@ -1,6 +1,7 @@
 #pragma once
 // The history's part of the demonstration: the connection history screen
-// in English with a few sessions, then sorted by volume and filtered.
+// in English with a few sessions, then sorted by volume and filtered,
+// then in French.
 #include "Tour.h"
 
 #include <vector>
