@@ -30,7 +30,8 @@ const std::array<SortButton, 3> c_sortButtons = {{
 } // namespace
 
 HistoryScreen::HistoryScreen(wxWindow* parent, int id, const wxRect& bounds)
-    : ScreenCtrl(parent, id, bounds, false), m_rows(c_strRowClass, []() -> const ConnectionHistory& { return HistoryPlugin::History(); })
+    : ScreenCtrl(parent, id, bounds, false),
+      m_rows(c_strRowClass, []() -> const ConnectionHistory& { return HistoryPlugin::History(); })
 {
     // Bound handlers run before the screen's table, which would otherwise
     // hand the sort buttons to navigation.
