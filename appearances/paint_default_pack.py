@@ -286,6 +286,17 @@ def settings_images(size=40):
     icon.save("icon_settings.png")
 
 
+def history_images(size=32):
+    """The history plug-in's icon: a list of sessions, a dot and a line each."""
+    icon = Canvas(size, size)
+    icon.shape(rounded_rect(0.5, 0.5, size - 0.5, size - 0.5, 8), ACCENT_DARK)
+    white = (255, 255, 255, 255)
+    for y in (10, 16, 22):
+        icon.shape(circle(9, y, 1.8), white)
+        icon.shape(rounded_rect(13, y - 1.3, 25, y + 1.3, 1.3), white)
+    icon.save("icon_history.png")
+
+
 def main():
     os.makedirs(OUT, exist_ok=True)
     window_background()
@@ -306,6 +317,7 @@ def main():
     arrow_button("spin_up", True)
     arrow_button("spin_down", False)
     settings_images()
+    history_images()
 
 
 if __name__ == "__main__":

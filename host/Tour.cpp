@@ -3,6 +3,7 @@
 #include "DashboardFrame.h"
 #include "UserInput.h"
 #include "DeviceTour.h"
+#include "HistoryTour.h"
 #include "SettingsTour.h"
 #include "TourSupport.h"
 
@@ -141,6 +142,7 @@ void Tour::Start(DashboardFrame& dashboard, const TString<char>& folder)
     // More parts of the tour join here, one line each: append(steps, ...);
     append(steps, frenchSteps());
     append(steps, SettingsTourSteps());
+    append(steps, HistoryTourSteps());
     std::printf("Tour: taking %zu screenshots into %s\n", steps.size(), folder.c_str());
     RunWhileWindowLives(dashboard, new TourTimer(dashboard, dir, std::move(steps)), 700);
 }
