@@ -71,6 +71,7 @@ void ConnectionWatcher::Refresh()
 {
     const Devices::DeviceInfo before = m_snapshot.info;
     const bool wasPresent = m_snapshot.present;
+    const bool wasOpening = m_snapshot.pending == Pending::Connect;
     read();
     auto& s = m_snapshot;
     const auto state = s.info.state;
@@ -89,7 +90,7 @@ void ConnectionWatcher::Refresh()
         if (s.failure != Failure::None && state == Devices::DeviceStateConnected)
             s.failure = Failure::None; // connected after all
     }
-    notice(before, wasPresent);
+    notice(before, wasPresent, wasOpening);
     Navigate();
     ConnectionScreen::RefreshShown();
 }
@@ -146,7 +147,7 @@ void ConnectionWatcher::Navigate()
 
 // What changed since the last reading, told as notifications, and the
 // session kept for the history.
-void ConnectionWatcher::notice(const Devices::DeviceInfo& before, bool wasPresent)
+void ConnectionWatcher::notice(const Devices::DeviceInfo& before, bool wasPresent, bool wasOpening)
 {
     const auto& now = m_snapshot.info;
     const bool present = m_snapshot.present;
@@ -157,7 +158,7 @@ void ConnectionWatcher::notice(const Devices::DeviceInfo& before, bool wasPresen
     };
     if (present)
         m_lostWhileConnected = false;
-    else if (wasPresent && busy(before))
+    else if (wasPresent && (wasOpening || busy(before)))
         m_lostWhileConnected = true;
     if (connected && !m_session) {
         m_session = std::make_unique<history::ConnectionHistory::Entry>();

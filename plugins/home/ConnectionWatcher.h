@@ -47,7 +47,7 @@ private:
     void onDeviceEvent(wxCommandEvent& event);
     void onGhost(wxCommandEvent& event);
     void read();
-    void notice(const Devices::DeviceInfo& before, bool wasPresent);
+    void notice(const Devices::DeviceInfo& before, bool wasPresent, bool wasOpening);
     void popup(const char* key, const TString<wchar_t>& value);
     void closeSession();
 

@@ -30,7 +30,9 @@ public:
     // Opening and closing a data connection take this long, during which
     // the device reports connecting or disconnecting.
     static constexpr unsigned int c_connectMs = 1500;
-    static constexpr unsigned int c_disconnectMs = 500;
+    static constexpr unsigned int c_disconnectMs = 1000;
+    // How often a modem with a connection open or opening looks at the clock.
+    static constexpr unsigned int c_pollMs = 50;
 
     SimulatedModem(const ModemScript& script, unsigned int features, Toolkit::smart_ptr<Detection::DiscoveryEvent> sink);
     ~SimulatedModem() override;
