@@ -99,7 +99,7 @@ bool ConnectionWatcher::Connect()
 {
     auto controller = UIKit::DCControler::Instance();
     const auto device = controller ? controller->GetSelectedDevice() : Toolkit::smart_ptr<Devices::Device>();
-    read();
+    Refresh(); // what the device says now, not at the last event
     if (!device || CurrentView() != View::Ready || m_snapshot.info.state != Devices::DeviceStateRegistered)
         return false;
     m_snapshot.pending = Pending::Connect;
