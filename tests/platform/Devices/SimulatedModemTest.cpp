@@ -194,6 +194,8 @@ TEST(SimulatedModem, ConnectionOpensRefusesOrIsCancelled)
                 std::this_thread::yield();
             if (c.cancel) {
                 device->Disconnect(Devices::DisconnectByUser);
+                while (state() != Devices::DeviceStateDisconnecting)
+                    std::this_thread::yield();
             } else {
                 run.clock.Advance(1000);
                 EXPECT_EQ(state(), Devices::DeviceStateConnecting) << "opened too soon";
