@@ -295,6 +295,40 @@ def history_images(size=32):
         icon.shape(circle(9, y, 1.8), white)
         icon.shape(rounded_rect(13, y - 1.3, 25, y + 1.3, 1.3), white)
     icon.save("icon_history.png")
+def polygon(points):
+    """Signed distance to a convex polygon given clockwise on screen."""
+    edges = list(zip(points, points[1:] + points[:1]))
+
+    def d(x, y):
+        outside = -1e9
+        for (ax, ay), (bx, by) in edges:
+            nx, ny = by - ay, ax - bx
+            n = math.hypot(nx, ny)
+            outside = max(outside, ((x - ax) * nx + (y - ay) * ny) / n)
+        return -outside
+    return d
+
+
+def connection_images():
+    """The connection screens' pictures: a USB modem to plug in, and the
+    warning sign of roaming and errors."""
+    white = (255, 255, 255, 255)
+    plug = Canvas(96, 96)
+    plug.shape(rounded_rect(30.5, 30.5, 65.5, 88.5, 9), vgradient((235, 240, 248, 255), (170, 185, 205, 255), 30, 88))
+    plug.shape(rounded_rect(36.5, 8.5, 59.5, 31.5, 3), (200, 208, 220, 255))
+    for x in (41.5, 50.5):
+        plug.shape(rounded_rect(x, 14.5, x + 4, 20.5, 1), NAVY_BOTTOM)
+    plug.shape(circle(48, 62, 7), ACCENT)
+    plug.shape(circle(48, 62, 3.5), white)
+    for i, r in enumerate((14, 20)):
+        plug.shape(ring(circle(48, 62, r - 1.6), circle(48, 62, r)),
+                   lambda x, y, i=i: (0, 168, 170, 160 - 60 * i) if x > 62 else (0, 0, 0, 0))
+    plug.save("plug.png")
+    warning = Canvas(40, 40)
+    warning.shape(polygon([(20, 3), (38, 36), (2, 36)]), (245, 170, 60, 255))
+    warning.shape(segment(20, 14, 20, 25, 2.2), NAVY_BOTTOM)
+    warning.shape(circle(20, 31, 2.3), NAVY_BOTTOM)
+    warning.save("warning.png")
 
 
 def main():
@@ -318,6 +352,7 @@ def main():
     arrow_button("spin_down", False)
     settings_images()
     history_images()
+    connection_images()
 
 
 if __name__ == "__main__":

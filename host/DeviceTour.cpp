@@ -3,10 +3,12 @@
 #include "DeviceWiring.h"
 #include "TourSupport.h"
 
+#include "appearance/Appearance.h"
 #include "device/DCControler.h"
 #include "factory/ControlIds.h"
 #include "frames/IDashboard.h"
 #include "navigation/ScreenCtrl.h"
+#include "navigation/SequenceManager.h"
 #include "popups/NotifPopupManager.h"
 #include "util/Util.h"
 
@@ -22,7 +24,11 @@
 namespace host {
 namespace {
 
-// The default scenario's first modem: its right codes, and a wrong PIN.
+#ifndef UIKIT_DEFAULT_SCENARIO_FILE
+#define UIKIT_DEFAULT_SCENARIO_FILE ""
+#endif
+
+// The tour scenario's first modem: its right codes, and a wrong PIN.
 const wchar_t* const c_wrongPin = L"0000";
 const wchar_t* const c_puk = L"12345678";
 const wchar_t* const c_newPin = L"1234";
@@ -114,23 +120,61 @@ private:
     bool m_settled = false;
 };
 
+TString<wchar_t> label(UIKit::ScreenCtrl* screen, const wchar_t* control)
+{
+    TString<wchar_t> text;
+    UIKit::Util::GetWindowLabel(screen, TString<wchar_t>(control), text);
+    return text;
+}
+
+bool showing(const wchar_t* screen)
+{
+    return shownScreen(screen) != nullptr;
+}
+
+// Shows the window in another language, as the language setting does.
+void useCulture(const wchar_t* name)
+{
+    auto appearance = UIKit::Appearance::Instance();
+    if (auto culture = appearance ? appearance->FindCultureByName(name) : nullptr) {
+        appearance->UseCulture(culture);
+        if (auto* dashboard = UIKit::IDashboard::s_pCurrent)
+            dashboard->OnCultureChanged();
+    }
+}
+
+// Connects from the ready screen, and reads an error away, until the
+// network takes the connection.
+bool connectUntil(const wchar_t* screen)
+{
+    if (auto* error = shownScreen(L"ConnectionErrorScreen"))
+        press(UIKit::ID_OK, error);
+    else if (auto* home = shownScreen(L"HomeScreen"); home && UIKit::Util::FindControl(home, UIKit::ID_CONNECT)->IsEnabled())
+        press(UIKit::ID_CONNECT, home);
+    return showing(screen);
+}
+
+// The tour scenario's story, one screenshot per screen, named after it.
 std::vector<Shot> shots()
 {
     return {
-        {"07-device-found-popup.png", popupShown, nullptr},
-        {"08-pin-attempts.png", [] { return shownScreen(L"PinScreen") != nullptr; },
+        {"no-device.png", [] { return showing(L"NoDeviceScreen"); }, nullptr},
+        {"unknown-device.png", [] { return showing(L"UnknownDeviceScreen"); }, nullptr},
+        {"device-found-popup.png", popupShown, nullptr},
+        {"device-initialising.png", [] { return showing(L"DeviceInitScreen"); }, nullptr},
+        {"pin.png", [] { return showing(L"PinScreen"); },
          [] {
              type(L"PinCode", c_wrongPin, shownScreen(L"PinScreen"));
              press(UIKit::ID_OK, shownScreen(L"PinScreen"));
          }},
-        {"09-puk.png",
+        {"puk.png",
          [] {
              // Every PIN screen until the PUK one gets a wrong code.
              if (auto* pin = shownScreen(L"PinScreen")) {
                  type(L"PinCode", c_wrongPin, pin);
                  press(UIKit::ID_OK, pin);
              }
-             return shownScreen(L"PukScreen") != nullptr;
+             return showing(L"PukScreen");
          },
          [] {
              auto* puk = shownScreen(L"PukScreen");
@@ -138,8 +182,33 @@ std::vector<Shot> shots()
              type(L"NewPinCode", c_newPin, puk);
              press(UIKit::ID_OK, puk);
          }},
-        {"10-flight-mode.png", [] { return shownScreen(L"FlightModeScreen") != nullptr; },
+        {"home.png", [] { return showing(L"HomeScreen") && !label(shownScreen(L"HomeScreen"), L"Technology").empty(); },
+         [] { press(UIKit::ID_CONNECT, shownScreen(L"HomeScreen")); }},
+        {"connection-error.png", [] { return showing(L"ConnectionErrorScreen"); }, nullptr},
+        {"connecting.png", [] { return connectUntil(L"ConnectingScreen"); }, nullptr},
+        {"connected.png",
+         [] { return showing(L"ConnectedScreen") && label(shownScreen(L"ConnectedScreen"), L"Duration") >= L"00:00:03"; },
+         nullptr},
+        {"roaming.png",
+         [] {
+             auto* connected = shownScreen(L"ConnectedScreen");
+             auto* roaming = connected ? UIKit::Util::RecursiveFindControl(connected, L"Roaming") : nullptr;
+             return roaming && roaming->IsShown();
+         },
+         [] { press(UIKit::ID_DISCONNECT, shownScreen(L"ConnectedScreen")); }},
+        {"disconnecting.png", [] { return showing(L"DisconnectingScreen"); }, nullptr},
+        {"flight-mode.png", [] { return showing(L"FlightModeScreen"); },
          [] { press(UIKit::ID_YES, shownScreen(L"FlightModeScreen")); }},
+        {"sim-error.png", [] { return showing(L"SimErrorScreen"); },
+         [] { press(UIKit::ID_OK, shownScreen(L"SimErrorScreen")); }},
+        {"device-error.png", [] { return showing(L"ConnectionErrorScreen"); }, [] { useCulture(L"fr"); }},
+        // The SIM-less modem gone, the one before it is ready again.
+        {"home-french.png",
+         [] {
+             auto* home = shownScreen(L"HomeScreen");
+             return home && UIKit::Util::FindControl(home, UIKit::ID_CONNECT)->IsEnabled();
+         },
+         nullptr},
     };
 }
 
@@ -149,8 +218,19 @@ void DeviceTour::Start(wxTopLevelWindow& window, const TString<char>& folder)
 {
     const wxString dir = wxString::FromUTF8(folder);
     wxFileName::Mkdir(dir, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-    std::printf("Device tour: the simulated modems play their scenario (about a minute)\n");
-    StartDevices(Options{});
+    std::printf("Device tour: the simulated modems play the tour scenario (under a minute)\n");
+    Options options;
+    // The tour's scenario lies beside the default one.
+    options.scenario = wxFileName(wxString::FromUTF8(UIKIT_DEFAULT_SCENARIO_FILE))
+                           .GetPathWithSep()
+                           .append("tour.scenario")
+                           .utf8_string();
+    StartDevices(options);
+    // Back to the connection area, where the devices' screens appear, in
+    // English (the screen tour ends in French).
+    useCulture(L"en");
+    if (auto sequences = UIKit::Singleton<UIKit::SequenceManager>::Instance())
+        sequences->DoEvent(UIKit::ID_HOME);
     RunWhileWindowLives(window, new DeviceTourTimer(window, dir, shots()), 250);
 }
 

@@ -8,6 +8,14 @@
 
 namespace Devices {
 
+// Why the last attempt to open a data connection failed; None once one opens.
+enum ConnectionError : int {
+    ConnectionErrorNone = 0,
+    ConnectionErrorDenied = 1,    // the network refused it (subscription, access point)
+    ConnectionErrorNoService = 2, // no network to carry data here
+    ConnectionErrorTimeout = 3,   // the network did not answer in time
+};
+
 struct DeviceInfo {
     TString<wchar_t> name;
     TString<wchar_t> manufacturer;
@@ -27,6 +35,7 @@ struct DeviceInfo {
     uint64_t bytesSent = 0;
     uint64_t bytesReceived = 0;
     uint64_t connectedSince = 0;     // tick of the connection, 0 when not connected
+    ConnectionError connectionError = ConnectionErrorNone;
 
     bool IsRoaming() const { return Devices::IsRoaming(registration); }
     bool IsConnected() const { return state == DeviceStateConnected; }

@@ -13,7 +13,7 @@ namespace Devices::Simulation {
 
 enum class StepKind {
     Plug, Pull, Wait, Init, Unlock, FlightMode, SimError, Register, Signal, Operator, Roaming, Tech,
-    Connect, Traffic, Disconnect, Features, Error,
+    Connect, Traffic, Disconnect, Features, Error, Refuse,
 };
 
 struct ScenarioStep {
@@ -21,7 +21,7 @@ struct ScenarioStep {
     unsigned int line = 0;
     uint64_t duration = 0;        // Wait; Unlock and FlightMode: give up after (0: never)
     std::vector<InitializationStep> initSteps; // Init; SimError: its one failing step
-    unsigned int number = 0;      // Signal, Tech, Features; Traffic: bytes sent per second
+    unsigned int number = 0;      // Signal, Tech, Features, Refuse; Traffic: bytes sent per second
     unsigned int number2 = 0;     // Traffic: bytes received per second
     bool flag = false;            // Roaming; Register: roaming
     TString<wchar_t> text;        // Operator, Error; Register: the operator

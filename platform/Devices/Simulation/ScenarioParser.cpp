@@ -134,6 +134,16 @@ const std::map<std::string, std::pair<StepKind, StepReader>>& stepReaders()
                  return w == "missing" || w == "failure";
              });
          }}},
+        {"refuse", {StepKind::Refuse, [](Arguments& a, ScenarioStep& s) {
+             return oneWord(a, "none, denied, no-service or timeout", [&](const std::string& w) {
+                 static const std::map<std::string, ConnectionError> causes{
+                     {"none", ConnectionErrorNone}, {"denied", ConnectionErrorDenied},
+                     {"no-service", ConnectionErrorNoService}, {"timeout", ConnectionErrorTimeout}};
+                 const auto it = causes.find(w);
+                 s.number = it == causes.end() ? 0 : unsigned(it->second);
+                 return it != causes.end();
+             });
+         }}},
         {"signal", {StepKind::Signal, [](Arguments& a, ScenarioStep& s) {
              return oneWord(a, "a percentage from 0 to 100", [&](const std::string& w) { return ParseNumber(w, 100, s.number); });
          }}},

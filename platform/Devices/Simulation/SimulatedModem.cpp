@@ -39,15 +39,15 @@ void SimulatedModem::Run()
     while (!halted()) {
         service();
         traffic();
-        bool connected;
+        bool busy;
         {
             Toolkit::MutexLocker lock(m_lock);
-            connected = m_info.IsConnected() && m_plugged;
+            busy = (m_info.IsConnected() || settling()) && m_plugged;
         }
-        if (connected)
-            Toolkit::Thread::Sleep(c_tickMs);
-        else
-            m_wake.Wait(c_updateMs);
+        // A connection waits for the clock without moving it, so that under
+        // a test's fake clock the test decides when it opens and how long
+        // it lasts once the script is over.
+        m_wake.Wait(busy ? c_pollMs : c_updateMs);
     }
     pull();
 }
@@ -101,6 +101,11 @@ void SimulatedModem::play(const ScenarioStep& step)
     case StepKind::Error:
         notify([&](DeviceEvent& l, Device& d) { l.OnError(d, step.text); });
         break;
+    case StepKind::Refuse: {
+        Toolkit::MutexLocker lock(m_lock);
+        m_refusal = ConnectionError(step.number);
+        break;
+    }
     }
 }
 
@@ -162,6 +167,7 @@ void SimulatedModem::service()
     }
     if (refresh && !m_script.ghost)
         m_sink->OnDeviceArrived(m_script.id);
+    settle();
     switch (request) {
     case Request::None: break;
     case Request::Connect: connect(); break;
@@ -432,48 +438,74 @@ void SimulatedModem::registerOn(const ScenarioStep& step)
 void SimulatedModem::connect()
 {
     bool ready;
-    publish([&](DeviceInfo& i) {
-        ready = i.state == DeviceStateRegistered;
-        if (ready)
-            i.state = DeviceStateConnecting;
-    });
-    if (!ready)
-        return;
-    notify([](DeviceEvent& l, Device& d) { l.OnDeviceUpdated(d); });
     const uint64_t now = Toolkit::GetTickCount();
     publish([&](DeviceInfo& i) {
-        i.state = DeviceStateConnected;
-        i.connectedSince = now;
-        i.bytesSent = i.bytesReceived = 0;
-        m_lastTraffic = m_lastUpdate = now;
+        ready = i.state == DeviceStateRegistered;
+        if (!ready)
+            return;
+        i.state = DeviceStateConnecting;
+        i.connectionError = ConnectionErrorNone;
+        m_settleDue = now + c_connectMs;
     });
-    notify([](DeviceEvent& l, Device& d) { l.OnDeviceUpdated(d); });
+    if (ready)
+        notify([](DeviceEvent& l, Device& d) { l.OnDeviceUpdated(d); });
 }
 
 void SimulatedModem::disconnect()
 {
     bool connected;
+    const uint64_t now = Toolkit::GetTickCount();
     publish([&](DeviceInfo& i) {
         connected = i.state == DeviceStateConnected || i.state == DeviceStateConnecting;
-        if (connected)
-            i.state = DeviceStateDisconnecting;
+        if (!connected)
+            return;
+        i.state = DeviceStateDisconnecting;
+        m_settleDue = now + c_disconnectMs;
     });
-    if (!connected)
-        return;
-    notify([](DeviceEvent& l, Device& d) { l.OnDeviceUpdated(d); });
-    publish([](DeviceInfo& i) {
+    if (connected)
+        notify([](DeviceEvent& l, Device& d) { l.OnDeviceUpdated(d); });
+}
+
+bool SimulatedModem::settling() const
+{
+    return m_info.state == DeviceStateConnecting || m_info.state == DeviceStateDisconnecting;
+}
+
+void SimulatedModem::settle()
+{
+    const uint64_t now = Toolkit::GetTickCount();
+    bool changed = false;
+    publish([&](DeviceInfo& i) {
+        if (!settling() || now < m_settleDue)
+            return;
+        changed = true;
+        if (i.state == DeviceStateConnecting && m_refusal == ConnectionErrorNone) {
+            i.state = DeviceStateConnected;
+            i.connectedSince = now;
+            i.bytesSent = i.bytesReceived = 0;
+            m_lastTraffic = m_lastUpdate = now;
+            return;
+        }
+        if (i.state == DeviceStateConnecting)
+            i.connectionError = m_refusal;
         i.state = DeviceStateRegistered;
         i.connectedSince = 0;
     });
-    notify([](DeviceEvent& l, Device& d) { l.OnDeviceUpdated(d); });
+    if (changed)
+        notify([](DeviceEvent& l, Device& d) { l.OnDeviceUpdated(d); });
 }
 
+// The last refusal is forgotten as soon as the request is taken, so that a
+// reader never mistakes it for the answer to this one.
 int SimulatedModem::Connect()
 {
-    Toolkit::MutexLocker lock(m_lock);
-    if (!m_plugged || m_released || m_info.state != DeviceStateRegistered)
-        return -1;
-    m_request = Request::Connect;
+    {
+        Toolkit::MutexLocker lock(m_lock);
+        if (!m_plugged || m_released || m_info.state != DeviceStateRegistered)
+            return -1;
+        m_request = Request::Connect;
+    }
+    publish([](DeviceInfo& i) { i.connectionError = ConnectionErrorNone; });
     m_wake.Set();
     return 0;
 }

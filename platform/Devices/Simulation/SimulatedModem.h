@@ -27,6 +27,12 @@ public:
     static constexpr unsigned int c_repeatMs = 500;
     static constexpr unsigned int c_tickMs = 250;
     static constexpr unsigned int c_updateMs = 1000;
+    // Opening and closing a data connection take this long, during which
+    // the device reports connecting or disconnecting.
+    static constexpr unsigned int c_connectMs = 1500;
+    static constexpr unsigned int c_disconnectMs = 1000;
+    // How often a modem with a connection open or opening looks at the clock.
+    static constexpr unsigned int c_pollMs = 50;
 
     SimulatedModem(const ModemScript& script, unsigned int features, Toolkit::smart_ptr<Detection::DiscoveryEvent> sink);
     ~SimulatedModem() override;
@@ -71,6 +77,9 @@ private:
     void registerOn(const ScenarioStep& step);
     void connect();
     void disconnect();
+    // Ends an opening or closing connection once its time has come.
+    void settle();
+    bool settling() const;
     void power(PowerState power);
     void traffic();
 
@@ -91,6 +100,8 @@ private:
     unsigned int m_downRate = 0;
     uint64_t m_lastTraffic = 0;
     uint64_t m_lastUpdate = 0;
+    ConnectionError m_refusal = ConnectionErrorNone; // what the network answers the next connections
+    uint64_t m_settleDue = 0;      // when connecting or disconnecting ends
 };
 
 } // namespace Devices::Simulation

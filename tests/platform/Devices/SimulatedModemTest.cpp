@@ -157,3 +157,51 @@ TEST(SimulatedModem, TwoModemsAskWhileTheTestThreadAnswers)
             EXPECT_EQ(r.find("retry"), std::string::npos) << r;
     }
 }
+
+// Opening a connection takes its time on the clock, during which it can be
+// cancelled; a network that refuses says why, and the next request starts
+// without the old reason.
+TEST(SimulatedModem, ConnectionOpensRefusesOrIsCancelled)
+{
+    const struct {
+        const char* refuse;
+        bool cancel;
+        Devices::DeviceState state;
+        Devices::ConnectionError error;
+    } cases[] = {
+        {"none", false, Devices::DeviceStateConnected, Devices::ConnectionErrorNone},
+        {"denied", false, Devices::DeviceStateRegistered, Devices::ConnectionErrorDenied},
+        {"timeout", false, Devices::DeviceStateRegistered, Devices::ConnectionErrorTimeout},
+        {"none", true, Devices::DeviceStateRegistered, Devices::ConnectionErrorNone},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.refuse) + (c.cancel ? " cancelled" : ""));
+        SimulationRun run(std::string("A modem name=A\nA plug\nA refuse ") + c.refuse + "\nA register operator=O\n");
+        ASSERT_TRUE(run.recorder->WaitFor("info A"));
+        const auto device = run.recorder->Found("A");
+        const auto state = [&] { return device->GetInfo().state; };
+        for (int second = 0; second < 2; ++second) {
+            while (state() != Devices::DeviceStateRegistered)
+                std::this_thread::yield();
+            ASSERT_EQ(device->Connect(), 0);
+            EXPECT_EQ(device->GetInfo().connectionError, Devices::ConnectionErrorNone) << "the old reason stays";
+            while (state() != Devices::DeviceStateConnecting)
+                std::this_thread::yield();
+            if (c.cancel) {
+                device->Disconnect(Devices::DisconnectByUser);
+                while (state() != Devices::DeviceStateDisconnecting)
+                    std::this_thread::yield();
+            } else {
+                run.clock.Advance(1000);
+                EXPECT_EQ(state(), Devices::DeviceStateConnecting) << "opened too soon";
+            }
+            run.clock.Advance(1600);
+            while (state() == Devices::DeviceStateConnecting || state() == Devices::DeviceStateDisconnecting)
+                std::this_thread::yield();
+            EXPECT_EQ(state(), c.state);
+            EXPECT_EQ(device->GetInfo().connectionError, c.error);
+            if (c.state == Devices::DeviceStateConnected)
+                break;
+        }
+    }
+}
