@@ -203,7 +203,7 @@ std::vector<Shot> shots()
          [] { press(UIKit::ID_OK, shownScreen(L"SimErrorScreen")); }},
         {"device-error.png", [] { return showing(L"ConnectionErrorScreen"); }, [] { useCulture(L"fr"); }},
         // The SIM-less modem gone, the one before it is ready again.
-        {"home-french.png",
+        {"home-fr.png",
          [] {
              auto* home = shownScreen(L"HomeScreen");
              return home && UIKit::Util::FindControl(home, UIKit::ID_CONNECT)->IsEnabled();

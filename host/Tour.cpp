@@ -89,41 +89,30 @@ void showUsage(DashboardFrame& frame)
         used->SetValues(0, 1370, 2048);
 }
 
-void showSignal(DashboardFrame& frame)
-{
-    if (auto* signal = find<UIKit::ProgressBarCtrl>(frame, L"Signal"))
-        signal->SetValues(0, 3, 4);
-}
-
 // Every screen is reached by the events its buttons and keys send, as a
 // user would reach it.
 std::vector<TourStep> englishSteps()
 {
     return {
-        {"home", [](DashboardFrame& f) { showSignal(f); }},
         {"usage",
          [](DashboardFrame& f) {
              Click(f, UIKit::ID_MAP);
              showUsage(f);
          }},
         {"about", [](DashboardFrame& f) { Click(f, UIKit::ID_HELP); }},
-        {"connected",
-         [](DashboardFrame& f) {
-             Click(f, UIKit::ID_BACK);
-             Click(f, UIKit::ID_CONNECT);
-         }},
     };
 }
 
+// The home and connection screens are the devices' tour's, which shows
+// them with a modem behind them.
 std::vector<TourStep> frenchSteps()
 {
     return {
-        {"home-fr",
+        {"usage-fr",
          [](DashboardFrame& f) {
-             Click(f, UIKit::ID_DISCONNECT);
              useCulture(f, L"fr");
+             PressKey(f, WXK_F3);
          }},
-        {"usage-fr", [](DashboardFrame& f) { PressKey(f, WXK_F3); }},
     };
 }
 
