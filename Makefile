@@ -51,7 +51,7 @@ demo: build
 
 # The tour on a screen a little larger than the window, so each shot shows
 # the window with its cut outline; four of them go to docs/screenshots/.
-README_SHOTS := home usage connected home-fr
+README_SHOTS := home-fr connected history settings
 screenshots: configure
 	cmake --build $(BUILD) -j $(JOBS) --target connection-manager
 	@SCREEN=420x580x24 ./host/run-demo.sh $(BUILD) --tour

@@ -10,6 +10,7 @@
 #include "navigation/ScreenCtrl.h"
 #include "navigation/SequenceManager.h"
 #include "popups/NotifPopupManager.h"
+#include "popups/WinNotifPopup.h"
 #include "util/Util.h"
 
 #include <wx/filename.h>
@@ -63,6 +64,15 @@ bool popupShown()
 {
     auto popups = UIKit::Singleton<UIKit::NotifPopupManager>::Instance();
     return popups && !popups->GetPopups().empty();
+}
+
+// Closes the notifications still up, as the user would, so that the last
+// shot shows the window alone.
+void closePopups()
+{
+    if (auto popups = UIKit::Singleton<UIKit::NotifPopupManager>::Instance())
+        for (UIKit::WinNotifPopup* popup : popups->GetPopups())
+            popups->RemoveWindow(popup);
 }
 
 // Polls for the next shot; wrong PINs are given while waiting for the PUK
@@ -206,7 +216,11 @@ std::vector<Shot> shots()
         {"home-fr.png",
          [] {
              auto* home = shownScreen(L"HomeScreen");
-             return home && UIKit::Util::FindControl(home, UIKit::ID_CONNECT)->IsEnabled();
+             if (!home || !UIKit::Util::FindControl(home, UIKit::ID_CONNECT)->IsEnabled())
+                 return false;
+             const bool quiet = !popupShown();
+             closePopups();
+             return quiet;
          },
          nullptr},
     };
