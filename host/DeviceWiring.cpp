@@ -4,7 +4,6 @@
 #include "Devices/Simulation/ScenarioParser.h"
 #include "Toolkit/ILogger.h"
 #include "Toolkit/UTF8.h"
-#include "appearance/Appearance.h"
 #include "device/DCControler.h"
 #include "popups/NotifPopupManager.h"
 
@@ -55,13 +54,8 @@ private:
     }
     static void showOnGuiThread(const char* key, const TString<wchar_t>& name)
     {
-        const auto appearance = UIKit::Appearance::Instance();
-        const auto popups = UIKit::Singleton<UIKit::NotifPopupManager>::Instance();
-        if (!appearance || !popups)
-            return;
-        wxString text(appearance->GetStr(TString<char>(key)));
-        text.Replace("%s", wxString(name));
-        popups->AddWindow(TString<wchar_t>(text.ToStdWstring()), true, L"", L"", L"", nullptr, false);
+        if (const auto popups = UIKit::Singleton<UIKit::NotifPopupManager>::Instance())
+            popups->AddTextWindow(key, name);
     }
 };
 

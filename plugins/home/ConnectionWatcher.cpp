@@ -3,7 +3,6 @@
 #include "ConnectionScreen.h"
 
 #include "Toolkit/TickCount.h"
-#include "appearance/Appearance.h"
 #include "device/DCControler.h"
 #include "device/DeviceEvent.h"
 #include "navigation/Sequence.h"
@@ -172,13 +171,8 @@ void ConnectionWatcher::notice(const Devices::DeviceInfo& before, bool wasPresen
 
 void ConnectionWatcher::popup(const char* key, const TString<wchar_t>& value)
 {
-    const auto appearance = UIKit::Appearance::Instance();
-    const auto popups = UIKit::Singleton<UIKit::NotifPopupManager>::Instance();
-    if (!appearance || !popups)
-        return;
-    wxString text(appearance->GetStr(TString<char>(key)));
-    text.Replace("%s", wxString(value));
-    popups->AddWindow(TString<wchar_t>(text.ToStdWstring()), true, L"", L"", L"", nullptr, false);
+    if (const auto popups = UIKit::Singleton<UIKit::NotifPopupManager>::Instance())
+        popups->AddTextWindow(key, value);
 }
 
 } // namespace homeplugin

@@ -1,6 +1,7 @@
 #include "popups/NotifPopupManager.h"
 
 #include "Toolkit/ILogger.h"
+#include "appearance/Appearance.h"
 #include "descriptors/FrameCtrlDescriptor.h"
 #include "factory/CtrlFactory.h"
 #include "navigation/TransitionManager.h"
@@ -108,6 +109,16 @@ void NotifPopupManager::AddWindow(const TString<wchar_t>& message, bool autoClos
     AddPopupEvent request(EVT_ADD_WINDOW, message, autoClose, label, sequence, state, std::move(parameter), {}, {},
                           actionFlag);
     post(request);
+}
+
+void NotifPopupManager::AddTextWindow(const TString<char>& key, const TString<wchar_t>& value)
+{
+    const auto appearance = Appearance::Instance();
+    if (!appearance)
+        return;
+    wxString text(appearance->GetStr(key));
+    text.Replace("%s", wxString(value));
+    AddWindow(TString<wchar_t>(text.ToStdWstring()), true, L"", L"", L"", nullptr, false);
 }
 
 void NotifPopupManager::AddWindowWithDescriptor(const TString<wchar_t>& descriptor,

@@ -49,6 +49,10 @@ public:
     void AddWindow(const TString<wchar_t>& message, bool autoClose, const TString<wchar_t>& label,
                    const TString<wchar_t>& sequence, const TString<wchar_t>& state,
                    Toolkit::smart_ptr<IStateParameter> parameter, bool actionFlag);
+    // GUI thread (the string table may change language there): a popup that
+    // closes by itself, with the current culture's text for `key`, its
+    // "%s" replaced by `value`.
+    void AddTextWindow(const TString<char>& key, const TString<wchar_t>& value);
     // Any thread: posts a request for a popup showing the named template,
     // steered by the delegate.
     void AddWindowWithDescriptor(const TString<wchar_t>& descriptor, Toolkit::smart_ptr<IDelegate> delegate,
