@@ -28,7 +28,7 @@ class Recorder : public Devices::DeviceEvent {
 public:
     // Entries: "found NAME", "lost NAME LOCK", "pin NAME ATTEMPTS", "puk NAME
     // ATTEMPTS", "retry" suffix on a repeated request after a refusal,
-    // "cancel NAME".
+    // "cancel NAME", "info NAME".
     std::vector<std::string> Entries()
     {
         std::lock_guard l(m_mutex);
@@ -72,6 +72,7 @@ public:
         add("lost " + name(d) + " " + std::to_string(int(d.GetInfo().lock)));
     }
     void OnPinPukCodeRequestCancelled(Devices::Device& d) override { add("cancel " + name(d)); }
+    void OnDeviceInformationUpdated(Devices::Device& d) override { add("info " + name(d)); }
     void OnPinCodeRequested(Devices::Device& d, Devices::SecurityCode, unsigned int attempts, TString<char>& pin,
                             bool retry, bool&) override
     {
