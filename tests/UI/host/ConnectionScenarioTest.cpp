@@ -25,12 +25,14 @@
 #include <wx/thread.h>
 
 #include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <set>
 #include <filesystem>
 #include <fstream>
 #include <algorithm>
 #include <map>
 #include <set>
-#include <thread>
 #include <sstream>
 
 namespace {
@@ -92,15 +94,34 @@ protected:
         Toolkit::SetSleepHandler([this](unsigned ms) {
             if (wxThread::IsMain())
                 return; // the window's own pacing (slides) does not wait
-            const uint64_t due = clock.Now() + ms;
-            while (!m_released && clock.Now() < due)
-                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            std::unique_lock lock(m_pace);
+            const auto parked = m_dues.insert(clock.Now() + ms);
+            ++m_parkings;
+            m_paced.notify_all();
+            m_paced.wait(lock, [&] { return m_released || clock.Now() >= *parked; });
+            m_dues.erase(parked);
         });
     }
     void TearDown() override
     {
-        m_released = true;
+        {
+            std::lock_guard lock(m_pace);
+            m_released = true;
+        }
+        m_paced.notify_all();
         HostFixture::TearDown();
+    }
+    // Moves the clock on and waits until every modem it woke has played its
+    // step and paused again. A modem whose script ends there never pauses
+    // again: the bound covers that one step.
+    void advance(uint64_t ms)
+    {
+        std::unique_lock lock(m_pace);
+        const auto woken = size_t(std::distance(m_dues.begin(), m_dues.upper_bound(clock.Now() + ms)));
+        m_parkings = 0;
+        clock.Advance(ms);
+        m_paced.notify_all();
+        m_paced.wait_for(lock, std::chrono::milliseconds(200), [&] { return m_parkings >= woken; });
     }
     TString<wchar_t> sequence() const
     {
@@ -164,7 +185,7 @@ protected:
     bool advanceUntil(const std::function<bool()>& condition, uint64_t maxMs = 10000)
     {
         for (uint64_t t = 0; t < maxMs; t += 250) {
-            clock.Advance(250);
+            advance(250);
             if (testsupport::ProcessEventsUntil(condition, 200))
                 return true;
         }
@@ -186,7 +207,11 @@ protected:
     }
 
     testsupport::FakeClock clock;
-    std::atomic<bool> m_released{false};
+    std::mutex m_pace; // guards what follows
+    std::condition_variable m_paced;
+    std::multiset<uint64_t> m_dues; // when each paused modem wakes
+    size_t m_parkings = 0;          // pauses begun since the last advance
+    bool m_released = false;
 };
 
 std::filesystem::path scenarioFolder()
@@ -236,8 +261,7 @@ TEST_P(DefaultScenarioTest, ScreensShowTheDevicesStateThroughout)
     };
     std::set<TString<wchar_t>> visited;
     for (uint64_t t = 0; t < length + 20000; t += 250) {
-        clock.Advance(250);
-        std::this_thread::sleep_for(std::chrono::milliseconds(5)); // the modems play the step
+        advance(250);
         expectAgreement("at " + std::to_string(t) + " ms");
         visited.insert(sequence());
         const auto request = screenClass();
