@@ -14,7 +14,7 @@ JOBS       ?= $(shell nproc)
 XVFB       := xvfb-run -a -s "-screen 0 1280x1024x24"
 
 PACKAGES := cmake ninja-build g++ ccache pkg-config make python3 \
-            libwxgtk3.2-dev libgtk-3-dev libzip-dev libpcre2-dev \
+            libwxgtk3.2-dev libgtk-3-dev libglib2.0-dev-bin libzip-dev libpcre2-dev \
             libgtest-dev libgmock-dev googletest libbenchmark-dev libpugixml-dev \
             xvfb xauth x11-apps zip unzip
 

@@ -1,6 +1,7 @@
 #include "HostApp.h"
 
 #include "DashboardFrame.h"
+#include "NativeTheme.h"
 #include "DeviceWiring.h"
 #include "Session.h"
 #include "StartupMeasure.h"
@@ -25,6 +26,7 @@ namespace host {
 // a machine without a graphics card) for a window that cairo draws alone.
 HostApp::HostApp()
 {
+    UseNativeTheme();
     if (!std::getenv("GDK_GL")) {
         setenv("GDK_GL", "disable", 0);
         m_glOffHere = true;

@@ -9,6 +9,9 @@ namespace host {
 // Milliseconds since the process started.
 double MillisecondsSinceProcessStart();
 
+// Processor time the process has used so far, in milliseconds.
+double ProcessorMilliseconds();
+
 // Logs (as information, seen with --verbose) how long the start took up to
 // `stage`, so a slow step of the start-up shows.
 void LogStartupStage(const char* stage);
