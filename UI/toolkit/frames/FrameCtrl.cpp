@@ -61,8 +61,9 @@ void FrameCtrl::cutShape()
         return;
     // The window keeps the outline and applies it again when it is realised.
     m_shapeSize = m_background->GetBitmap().GetSize();
-    wxImage image = m_background->GetBitmap().ConvertToImage();
-    image.SetMaskColour(255, 0, 255);
+    // The image the bitmap was rendered from: at the pack's own size that is
+    // the decoded image itself, with no copy back from the bitmap.
+    wxImage image = m_background->RenderImage(m_shapeSize);
     SetWindowShape(image);
 }
 

@@ -1,5 +1,7 @@
 #include "frames/wxSkinFrameBase.h"
 
+#include "frames/OutlineRegion.h"
+
 #include "Toolkit/PathManager.h"
 #include "factory/ControlIds.h"
 
@@ -85,10 +87,7 @@ void wxSkinFrameBase::setIconFromTheme()
 
 void wxSkinFrameBase::SetWindowShape(wxImage& image)
 {
-    if (image.HasAlpha() && !image.HasMask())
-        image.ConvertAlphaToMask(128);
-    wxBitmap bitmap(image);
-    SetWindowShape(bitmap);
+    SetShape(OutlineRegion(image));
 }
 
 void wxSkinFrameBase::SetWindowShape(wxBitmap& bitmap)
