@@ -27,6 +27,7 @@ void ReportFirstPaint(wxWindow& window, void (*done)())
         *reported = true;
         // Stamped once this paint (and the window's own handler) is over.
         window.CallAfter([done] {
+            LogStartupStage("first paint");
             std::printf("%.0f ms\n", MillisecondsSinceProcessStart());
             std::fflush(stdout);
             done();
