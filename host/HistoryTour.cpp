@@ -31,7 +31,19 @@ const char* const c_sampleHistory = "2026-03-02 08:14:05\t2730\t4823000\t6125000
 // the sessions the tour makes stay out of the user's history as well.
 void useSampleHistory()
 {
-    const auto dir = std::filesystem::temp_directory_path() / ("uikit-tour-state-" + std::to_string(::getpid()));
+    // Removed when the process ends, after the plug-ins have written their
+    // last entries into it.
+    struct StateDir {
+        std::filesystem::path path =
+            std::filesystem::temp_directory_path() / ("uikit-tour-state-" + std::to_string(::getpid()));
+        ~StateDir()
+        {
+            std::error_code ignored;
+            std::filesystem::remove_all(path, ignored);
+        }
+    };
+    static const StateDir state;
+    const auto& dir = state.path;
     std::filesystem::create_directories(dir);
     std::ofstream(dir / "history") << c_sampleHistory;
     Toolkit::PathManager::Instance().SetStateDir(dir.string());
