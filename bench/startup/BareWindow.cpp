@@ -2,7 +2,9 @@
 // frame of the dashboard's size, with no library, pack or plug-in, that
 // prints the milliseconds from process start to the end of its first paint
 // and exits, measured as `connection-manager --measure-startup` measures.
-// It turns OpenGL off before GTK starts, as the connection manager does.
+// It turns OpenGL off and uses the small native theme before GTK starts, as
+// the connection manager does.
+#include "NativeTheme.h"
 #include "ProcessClock.h"
 
 #include <wx/dcclient.h>
@@ -14,7 +16,11 @@
 
 class BareWindowApp : public wxApp {
 public:
-    BareWindowApp() { setenv("GDK_GL", "disable", 0); }
+    BareWindowApp()
+    {
+        setenv("GDK_GL", "disable", 0);
+        host::UseNativeTheme();
+    }
 
     bool OnInit() override
     {
