@@ -24,6 +24,11 @@ public:
     // them in a modal box, at the latest when the application exits.
     bool OnInit() override;
     int OnExit() override;
+    // Left to right in every language: skinned controls sit at the pack's
+    // coordinates, which a mirrored layout would flip. Answering here also
+    // spares wx building its table of every known language when the first
+    // window asks for the direction.
+    wxLayoutDirection GetLayoutDirection() const override { return wxLayout_LeftToRight; }
 
     // The bridge from wx logging into the suite's logger; the owner may set
     // it, and it goes with the application.
