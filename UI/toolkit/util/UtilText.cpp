@@ -76,8 +76,18 @@ void Util::FormatLabel(wxDC& dc, const wxSize& box, Toolkit::smart_ptr<FontDescr
 {
     selectFont(dc, font);
     out.clear();
+    const std::vector<TString<wchar_t>> words = splitWords(text);
+    // Most labels fit on one line: one measure of the whole line instead of
+    // one per word, each of which lays the text out again.
+    TString<wchar_t> whole;
+    for (const auto& word : words)
+        whole += (whole.empty() ? L"" : L" ") + word;
+    if (widthOf(dc, whole) <= box.x) {
+        out = whole;
+        return;
+    }
     TString<wchar_t> line;
-    for (const auto& word : splitWords(text)) {
+    for (const auto& word : words) {
         const TString<wchar_t> candidate = line.empty() ? word : TString<wchar_t>(line + L" " + word);
         if (widthOf(dc, candidate) <= box.x) {
             line = candidate;
