@@ -62,13 +62,12 @@ TEST_F(ArchiveZipTest, ListsFilesAndFoldersByPattern)
 {
     ArchiveZip zip;
     ASSERT_TRUE(zip.Open(TString<char>(m_pack), true));
-    struct Case {
+    const struct {
         const wchar_t* pattern;
         int type;
         int result;
         std::vector<std::wstring> names;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {L"graphics/*", 1, 1, {L"graphics/logo.png"}},
         {L"strings.*", 2, 1, {L"strings.en/", L"strings.fr/"}},
         {L"strings.fr*", 1, 1, {L"strings.fr/main.txt"}}, // "*" crosses "/"
@@ -79,48 +78,32 @@ TEST_F(ArchiveZipTest, ListsFilesAndFoldersByPattern)
         Entries found{{L"stale", ArchiveZipEntry()}};
         EXPECT_EQ(zip.EntriesList(found, c.pattern, c.type), c.result) << testing::PrintToString(std::wstring(c.pattern));
         std::vector<std::wstring> names;
-        for (const auto& [name, e] : found) {
+        for (const auto& [name, e] : found)
             names.push_back(name);
-            EXPECT_EQ(e.GetName(), name);
-            EXPECT_EQ(e.IsFolder(), c.type == 2);
-        }
         EXPECT_EQ(names, c.names) << testing::PrintToString(std::wstring(c.pattern));
     }
-    EXPECT_EQ(entry(zip, L"graphics/logo.png").GetFileName(), L"logo.png");
 }
 
-TEST_F(ArchiveZipTest, ReadsEntriesWholeAndAfterSeeking)
+// A stream outlives its archive; seeking back reopens the entry.
+TEST_F(ArchiveZipTest, StreamsOutliveTheirArchiveAndSeek)
 {
-    ArchiveZip zip;
-    ASSERT_TRUE(zip.Open(TString<wchar_t>(m_dir.Path().wstring() + L"/pack.zip"), true));
-
-    std::vector<unsigned char> bytes;
-    auto logo = zip.GetZipInputStream(entry(zip, L"graphics/logo.png"));
+    Toolkit::smart_ptr<Toolkit::ZipInputStream> logo;
+    {
+        ArchiveZip zip;
+        ASSERT_TRUE(zip.Open(TString<char>(m_pack), true));
+        logo = zip.GetZipInputStream(entry(zip, L"graphics/logo.png"));
+        zip.Close();
+    }
     ASSERT_TRUE(logo);
-    EXPECT_EQ(logo->GetLength(), 5000);
+    std::vector<unsigned char> bytes;
     char head[8];
     logo->Read(head, sizeof head);
-    EXPECT_EQ(logo->SeekI(0), 0); // back to the start: the entry is reopened
+    EXPECT_EQ(logo->SeekI(0), 0);
     EXPECT_TRUE(logo->ReadAll(bytes));
     EXPECT_EQ(std::string(bytes.begin(), bytes.end()), binaryImage());
     EXPECT_EQ(logo->SeekI(4990), 4990);
     EXPECT_TRUE(logo->ReadAll(bytes));
     EXPECT_EQ(bytes.size(), 10u);
-}
-
-TEST_F(ArchiveZipTest, StreamsOutliveTheirArchive)
-{
-    Toolkit::smart_ptr<Toolkit::ZipInputStream> stream;
-    {
-        ArchiveZip zip;
-        ASSERT_TRUE(zip.Open(TString<char>(m_pack), true));
-        stream = zip.GetZipInputStream(entry(zip, L"graphics/logo.png"));
-        zip.Close();
-    }
-    ASSERT_TRUE(stream);
-    std::vector<unsigned char> bytes;
-    EXPECT_TRUE(stream->ReadAll(bytes));
-    EXPECT_EQ(bytes.size(), 5000u);
 }
 
 TEST_F(ArchiveZipTest, StreamsOfOneArchiveReadFromSeveralThreads)

@@ -1,6 +1,8 @@
 #include "Toolkit/DynamicLibrary.h"
+#include "Toolkit/IPluginLoader.h"
 
 #include "TestSupport.h"
+#include "peers/SamplePlugin.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +12,8 @@ using Toolkit::DynamicLibrary;
 
 const std::string c_sample = std::string(UIKIT_LIB_DIR) + "/libdynlib_sample.so";
 
+// Load failures and missing symbols are logged with the loader's message:
+// the plug-in manager test reads those entries for its bad plug-ins.
 TEST(DynamicLibraryTest, LoadsALibraryAndFindsItsSymbol)
 {
     DynamicLibrary library;
@@ -25,44 +29,39 @@ TEST(DynamicLibraryTest, LoadsALibraryAndFindsItsSymbol)
     EXPECT_TRUE(DynamicLibrary::Unload(handle));
 }
 
-TEST(DynamicLibraryTest, FailuresAreLoggedWithTheLoadersMessage)
+namespace fs = std::filesystem;
+
+// Filter order, ambiguous entries and files that are no plug-in are the
+// plug-in manager tests' part; here the entry's answers and unmapping.
+TEST(PluginLoaderTest, EntryAnswersAreCheckedAndALibraryStaysMappedWhileAnObjectOfItsCodeLives)
 {
     testsupport::TempDir dir;
-    const auto wide = [](const std::string& s) { return std::wstring(s.begin(), s.end()); };
-    const std::wstring missing = wide(dir.Str() + "/libmissing.so");
-    const std::wstring sample = wide(c_sample);
-    const struct {
-        const char* name;
-        std::string path;
-        const char* symbol; // looked up when the load succeeds
-        std::wstring logged;
-    } cases[] = {
-        {"missing file", dir.Str() + "/libmissing.so", nullptr,
-         L"cannot load library " + missing + L": " + missing +
-             L": cannot open shared object file: No such file or directory"},
-        {"missing symbol", c_sample, "GetPlugin",
-         L"symbol GetPlugin not found in " + sample + L": " + sample + L": undefined symbol: GetPlugin"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const std::string peer : {"libsample_one.so", "libsample_refuses.so", "libsample_empty.so"})
+        fs::create_symlink(fs::path(UIKIT_LIB_DIR) / peer, dir.Path() / peer);
+    SampleParameters parameters{10};
+    Toolkit::smart_ptr<SamplePlugin> plugin, other, kept;
+    {
+        Toolkit::IPluginLoader<SamplePlugin, SampleParameters> loader(L"GetSample", parameters, dir.Path().wstring());
+        loader.SetFilePattern(L"lib*.so");
         testsupport::LogCapture log;
-        DynamicLibrary library;
-        const bool loaded = library.Load(c.path);
-        if (c.symbol) {
-            ASSERT_TRUE(loaded);
-            EXPECT_EQ(library.GetSymbol(c.symbol), nullptr);
-        } else {
-            EXPECT_FALSE(loaded);
-        }
-        ASSERT_EQ(log.Size(), 1u) << log.Dump();
-        EXPECT_EQ(log.Entries()[0].severity, Toolkit::LogError);
-        EXPECT_TRUE(log.Contains(c.logged)) << log.Dump();
+        ASSERT_EQ(loader.Load(), 1);
+        EXPECT_EQ(log.Size(), 2u) << log.Dump();
+        EXPECT_TRUE(log.Contains(L"Not Found symbol SYMBOL[GetSample] PLUGIN[libsample_refuses.so]: the entry returned false"));
+        EXPECT_TRUE(log.Contains(L"PLUGIN[libsample_empty.so]: the entry returned no plug-in"));
+        EXPECT_FALSE(testsupport::IsMapped(dir.Path() / "libsample_refuses.so")) << "a rejected library is closed";
+        plugin = loader.GetPlugins().front();
+        EXPECT_EQ(plugin->Answer(), 11) << "the entry is given the parameters";
+        other = plugin->MakeAnother();
+        kept = plugin->MakeAnother();
+        EXPECT_TRUE(Toolkit::PluginAction::KeepLoaded(kept));
     }
-
-    testsupport::LogCapture log;
-    DynamicLibrary empty;
-    EXPECT_EQ(empty.GetSymbol("DynLibSampleAnswer"), nullptr);
-    EXPECT_TRUE(log.Contains(L"cannot look up symbol DynLibSampleAnswer: no library loaded"));
+    const fs::path path = dir.Path() / "libsample_one.so";
+    other.reset(); // made by the library's code, but not kept
+    plugin.reset();
+    EXPECT_TRUE(testsupport::IsMapped(path)) << "an object that keeps the library loaded is alive";
+    EXPECT_EQ(kept->Answer(), 12);
+    kept.reset();
+    EXPECT_FALSE(testsupport::IsMapped(path));
 }
 
 } // namespace
