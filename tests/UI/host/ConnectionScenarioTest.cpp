@@ -3,7 +3,8 @@
 // and its screen match what the device layer says about the selected
 // device; and the user's bad days (a modem pulled out at the wrong moment,
 // a refused connection, Connect pressed ten times) end on a screen that
-// tells the truth, and a session ends as one entry of the history.
+// tells the truth, and a session ends as one entry of the history. The PIN
+// screen answers with what was typed; a bad scenario brings no device.
 #include "UI/host/HostFixture.h"
 #include "TestSupport.h"
 #include "UserInput.h"
@@ -14,6 +15,7 @@
 #include "Toolkit/UTF8.h"
 #include "device/DCControler.h"
 #include "factory/ControlIds.h"
+#include "history/ConnectionHistory.h"
 #include "navigation/ScreenCtrl.h"
 #include "navigation/Sequence.h"
 #include "navigation/SequenceManager.h"
@@ -24,20 +26,15 @@
 #include <wx/app.h>
 #include <wx/thread.h>
 
+#include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <filesystem>
+#include <map>
 #include <mutex>
 #include <set>
-#include <filesystem>
-#include <fstream>
-#include <algorithm>
-#include <map>
-#include <set>
-#include <sstream>
 
 namespace {
-
-using Devices::DeviceInfo;
 
 // The sequence the connection area must show for the selected device (the
 // device controller's request screens stand over it meanwhile).
@@ -195,15 +192,6 @@ protected:
     bool until(const std::function<bool()>& condition)
     {
         return testsupport::ProcessEventsUntil(condition, 5000);
-    }
-    std::vector<std::string> historyLines() const
-    {
-        std::ifstream in(m_home.Path() / "history");
-        std::vector<std::string> lines;
-        for (std::string line; std::getline(in, line);)
-            if (!line.starts_with('#'))
-                lines.push_back(line);
-        return lines;
     }
 
     testsupport::FakeClock clock;
@@ -392,15 +380,55 @@ TEST_F(ConnectionScenarioTest, TenConnectPressesOpenOneConnectionAndOneHistoryEn
     press(UIKit::ID_DISCONNECT);
     EXPECT_TRUE(advanceUntil([&] { return current() == "Home"; }));
     UIKit::DCControler::Instance()->Unregister(counter);
-    const auto lines = historyLines();
-    ASSERT_EQ(lines.size(), 1u) << "one session: " << testing::PrintToString(lines);
-    // Start, seconds connected, bytes sent and received, device: tab-separated.
-    std::istringstream entry(lines[0].substr(lines[0].find('\t') + 1));
-    long long duration = 0, sent = 0, received = 0;
-    entry >> duration >> sent >> received;
-    EXPECT_GE(duration, 2);
-    EXPECT_GT(received, sent);
-    EXPECT_GT(sent, 0);
+    // Read back as the history plug-in reads it after a restart.
+    const auto entries = historyplugin::ConnectionHistory(m_home.Str()).Entries();
+    ASSERT_EQ(entries.size(), 1u) << "one session";
+    EXPECT_GE(entries[0].durationSeconds, 2u);
+    EXPECT_GT(entries[0].bytesReceived, entries[0].bytesSent);
+    EXPECT_GT(entries[0].bytesSent, 0u);
+}
+
+// The PIN screen hands what was typed to the controller for the device that
+// asked: a wrong PIN comes back refused with one attempt fewer, the right
+// one unlocks the device.
+TEST_F(ConnectionScenarioTest, PinScreenAnswersTheControllerWithTheTypedCode)
+{
+    host::StartNavigation();
+    start(c_pinModem + "A unlock\nA init unlocked completed\n");
+    const auto answer = [&](const wchar_t* pin) {
+        UIKit::Util::SetWindowLabel(screen(), TString<wchar_t>(L"PinCode"), pin);
+        press(UIKit::ID_OK);
+    };
+    ASSERT_TRUE(advanceUntil([&] { return screenClass() == L"PinScreen"; })) << "no PIN screen for the request";
+    EXPECT_EQ(label(L"DeviceName"), L"M");
+    EXPECT_NE(label(L"Attempts").find(L"3"), TString<wchar_t>::npos);
+    answer(L"1357");
+    ASSERT_TRUE(advanceUntil([&] { return screenClass() == L"PinScreen" && !label(L"Refused").empty(); }))
+        << "a refused PIN is asked again, saying so";
+    EXPECT_NE(label(L"Attempts").find(L"2"), TString<wchar_t>::npos);
+    EXPECT_TRUE(label(L"PinCode").empty()) << "the typed code stays on screen";
+    answer(L"1234");
+    EXPECT_TRUE(advanceUntil([&] {
+        const auto device = UIKit::DCControler::Instance()->GetSelectedDevice();
+        return device && device->GetInfo().lock == Devices::LockNone && screenClass() != L"PinScreen";
+    })) << "the right PIN did not unlock the device";
+}
+
+// A scenario that cannot be read names its file and line, and brings no device.
+TEST_F(ConnectionScenarioTest, ScenarioWithASyntaxErrorGivesItsLineAndNoDevice)
+{
+    m_options.scenario = m_home.Write("bad.scenario", "A modem name=A\nA plug\nA wait soon\n").string();
+    Devices::Simulation::Scenario scenario;
+    std::vector<TString<wchar_t>> messages;
+    EXPECT_FALSE(host::ReadScenario(m_options.scenario, scenario, messages));
+    ASSERT_FALSE(messages.empty());
+    EXPECT_EQ(messages.front().rfind(Toolkit::UTF8::ToUNICODE(m_options.scenario + ":3:"), 0), 0u);
+    EXPECT_FALSE(host::StartDevices(m_options));
+    advance(20000);
+    wxTheApp->ProcessPendingEvents();
+    UIKit::DCControler::DeviceMap devices;
+    UIKit::DCControler::Instance()->GetDevices(devices);
+    EXPECT_TRUE(devices.empty()) << "a device of the refused scenario came up";
 }
 
 } // namespace
