@@ -4,11 +4,9 @@
 #include "PeerProcess.h"
 #include "TestSupport.h"
 #include "Toolkit/DynamicLibrary.h"
-#include "Toolkit/LibModuleManager.h"
 #include "app/App.h"
 #include "app/AppController.h"
 #include "app/IPCActivateAppConnection.h"
-#include "app/LibModule.h"
 
 #include <gtest/gtest.h>
 
@@ -190,14 +188,6 @@ TEST(IPCActivateAppConnectionTest, OnlyTheExactCommandRaisesTheTopWindowOnTheGui
         app.Drain();
         EXPECT_EQ(app.m_top.raised, c.raises) << std::wstring(c.command);
     }
-}
-
-TEST(LibModuleTest, LoadingTheLibraryRegistersTheModule)
-{
-    ASSERT_NE(UIToolkitModule, nullptr);
-    auto manager = *Toolkit::LibModuleManager::s_pInstance;
-    EXPECT_TRUE(manager->IsRegistered(UIToolkitModule));
-    EXPECT_NE(dynamic_cast<UIKit::LibModule*>(UIToolkitModule), nullptr);
 }
 
 // A plug-in built with hidden visibility reads the controller through the

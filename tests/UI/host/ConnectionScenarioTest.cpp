@@ -6,13 +6,17 @@
 // tells the truth, and a session ends as one entry of the history. The PIN
 // screen answers with what was typed; a bad scenario brings no device.
 #include "UI/host/HostFixture.h"
+#include "ErrorCapture.h"
 #include "TestSupport.h"
 #include "UserInput.h"
 
 #include "Devices/DeviceManager.h"
 #include "Devices/Simulation/ScenarioParser.h"
+#include "Preferences/AppPreferences.h"
 #include "Toolkit/Thread.h"
 #include "Toolkit/UTF8.h"
+#include "appearance/Appearance.h"
+#include "controls/NumericUpDownCtrl.h"
 #include "device/DCControler.h"
 #include "factory/ControlIds.h"
 #include "history/ConnectionHistory.h"
@@ -80,46 +84,9 @@ private:
     bool m_connecting = false;
 };
 
-class ConnectionScenarioTest : public hosttest::HostFixture {
+// The host as it starts, and what its window shows.
+class HostTest : public hosttest::HostFixture {
 protected:
-    // The modems sleep on the test's clock: a pause ends only once the test
-    // has moved the clock past it, so a scenario plays step by step with the
-    // screens instead of racing to its end.
-    void SetUp() override
-    {
-        HostFixture::SetUp();
-        Toolkit::SetSleepHandler([this](unsigned ms) {
-            if (wxThread::IsMain())
-                return; // the window's own pacing (slides) does not wait
-            std::unique_lock lock(m_pace);
-            const auto parked = m_dues.insert(clock.Now() + ms);
-            ++m_parkings;
-            m_paced.notify_all();
-            m_paced.wait(lock, [&] { return m_released || clock.Now() >= *parked; });
-            m_dues.erase(parked);
-        });
-    }
-    void TearDown() override
-    {
-        {
-            std::lock_guard lock(m_pace);
-            m_released = true;
-        }
-        m_paced.notify_all();
-        HostFixture::TearDown();
-    }
-    // Moves the clock on and waits until every modem it woke has played its
-    // step and paused again. A modem whose script ends there never pauses
-    // again: the bound covers that one step.
-    void advance(uint64_t ms)
-    {
-        std::unique_lock lock(m_pace);
-        const auto woken = size_t(std::distance(m_dues.begin(), m_dues.upper_bound(clock.Now() + ms)));
-        m_parkings = 0;
-        clock.Advance(ms);
-        m_paced.notify_all();
-        m_paced.wait_for(lock, std::chrono::milliseconds(200), [&] { return m_parkings >= woken; });
-    }
     TString<wchar_t> sequence() const
     {
         const auto current = UIKit::SequenceManager::Instance()->GetCurrentSequence();
@@ -138,6 +105,53 @@ protected:
         return text;
     }
     void press(int id) { ASSERT_TRUE(host::Click(*m_dashboard, id)) << "no button " << id << " on " << screenClass(); }
+    bool selected(const wchar_t* navButton) const
+    {
+        auto* button = UIKit::Util::RecursiveFindControl(m_dashboard, navButton);
+        return button && button->IsSelected();
+    }
+};
+
+class ConnectionScenarioTest : public HostTest {
+protected:
+    // The modems sleep on the test's clock: a pause ends only once the test
+    // has moved the clock past it, so a scenario plays step by step with the
+    // screens instead of racing to its end.
+    void SetUp() override
+    {
+        HostTest::SetUp();
+        Toolkit::SetSleepHandler([this](unsigned ms) {
+            if (wxThread::IsMain())
+                return; // the window's own pacing (slides) does not wait
+            std::unique_lock lock(m_pace);
+            const auto parked = m_dues.insert(clock.Now() + ms);
+            ++m_parkings;
+            m_paced.notify_all();
+            m_paced.wait(lock, [&] { return m_released || clock.Now() >= *parked; });
+            m_dues.erase(parked);
+        });
+    }
+    void TearDown() override
+    {
+        {
+            std::lock_guard lock(m_pace);
+            m_released = true;
+        }
+        m_paced.notify_all();
+        HostTest::TearDown();
+    }
+    // Moves the clock on and waits until every modem it woke has played its
+    // step and paused again. A modem whose script ends there never pauses
+    // again: the bound covers that one step.
+    void advance(uint64_t ms)
+    {
+        std::unique_lock lock(m_pace);
+        const auto woken = size_t(std::distance(m_dues.begin(), m_dues.upper_bound(clock.Now() + ms)));
+        m_parkings = 0;
+        clock.Advance(ms);
+        m_paced.notify_all();
+        m_paced.wait_for(lock, std::chrono::milliseconds(200), [&] { return m_parkings >= woken; });
+    }
 
     // True when the screen on show agrees with the selected device; a
     // request screen agrees while its device is present.
@@ -429,6 +443,90 @@ TEST_F(ConnectionScenarioTest, ScenarioWithASyntaxErrorGivesItsLineAndNoDevice)
     UIKit::DCControler::DeviceMap devices;
     UIKit::DCControler::Instance()->GetDevices(devices);
     EXPECT_TRUE(devices.empty()) << "a device of the refused scenario came up";
+}
+
+// Buttons and hot keys move the host from screen to screen through the
+// pack's event rows, and the usage screen keeps the monthly allowance in
+// the preferences.
+TEST_F(HostTest, ButtonsAndHotKeysMoveThroughThePacksEventRows)
+{
+    testsupport::ErrorCapture errors;
+    host::StartNavigation();
+    EXPECT_TRUE(errors.Lines().empty()) << errors.Lines().front();
+    // The home row fires at start; with no device the connection area says so.
+    EXPECT_TRUE(testsupport::ProcessEventsUntil([&] { return screenClass() == L"NoDeviceScreen"; }));
+    UIKit::ScreenCtrl* home = m_dashboard->GetCurrentRunningScreen();
+
+    struct Step {
+        const char* what;
+        int id;           // a button to click, or 0
+        int key;          // a key to press, or 0
+        const wchar_t* screen;
+        const wchar_t* navButton;
+    } steps[] = {
+        {"Usage button (a global row)", UIKit::ID_MAP, 0, L"UsageScreen", L"NavUsage"},
+        {"Home button", UIKit::ID_HOME, 0, L"NoDeviceScreen", L"NavHome"},
+        {"About button", UIKit::ID_HELP, 0, L"AboutScreen", L"NavAbout"},
+        {"Back on the about screen (a row of its own sequence)", UIKit::ID_BACK, 0, L"NoDeviceScreen", L"NavHome"},
+        {"the usage plug-in's hot key", 0, WXK_F3, L"UsageScreen", L"NavUsage"},
+        {"the home plug-in's hot key", 0, WXK_F2, L"NoDeviceScreen", L"NavHome"},
+    };
+    for (const auto& step : steps) {
+        if (step.id)
+            EXPECT_TRUE(host::Click(*m_dashboard, step.id)) << step.what;
+        else
+            host::PressKey(*m_dashboard, step.key);
+        EXPECT_TRUE(testsupport::ProcessEventsUntil([&] { return screenClass() == step.screen; })) << step.what;
+        EXPECT_TRUE(selected(step.navButton)) << step.what;
+    }
+    EXPECT_EQ(m_dashboard->GetCurrentRunningScreen(), home) << "a screen is built once and shown again";
+    int shown = 0;
+    for (wxWindow* child : m_dashboard->GetControlPlaceholder()->GetChildren())
+        shown += child->IsShown();
+    EXPECT_EQ(shown, 1) << "the screens left are hidden";
+}
+
+// Labels are read with the descriptions: a language change reads them again
+// for the window and the screens built so far, and leaves texts that code
+// wrote (the notice of a device gone) to that code.
+TEST_F(HostTest, LanguageChangeRelabelsTheWindowAndTheBuiltScreens)
+{
+    host::StartNavigation();
+    ASSERT_TRUE(testsupport::ProcessEventsUntil([&] { return screenClass() == L"NoDeviceScreen"; }));
+    UIKit::ScreenCtrl* home = m_dashboard->GetCurrentRunningScreen();
+    UIKit::Util::SetWindowLabel(home, TString<wchar_t>(L"Notice"), L"written by the screen");
+    auto appearance = UIKit::Appearance::Instance();
+    appearance->UseCulture(appearance->FindCultureByName(L"fr"));
+    m_dashboard->OnCultureChanged();
+    auto label = [](wxWindow* root, const wchar_t* name) {
+        auto* control = UIKit::Util::RecursiveFindControl(root, name);
+        return control ? control->GetControlLabel() : TString<wchar_t>(L"(missing)");
+    };
+    EXPECT_EQ(label(m_dashboard, L"NavHome"), L"Accueil");
+    EXPECT_EQ(label(home, L"Title"), L"Aucun appareil");
+    EXPECT_EQ(label(home, L"Notice"), L"written by the screen") << "written by the screen, not relabelled";
+    ASSERT_TRUE(host::Click(*m_dashboard, UIKit::ID_MAP));
+    EXPECT_EQ(label(m_dashboard, L"NavUsage"), L"Conso");
+    EXPECT_EQ(label(m_dashboard->GetCurrentRunningScreen(), L"UsedLabel"), L"Consommé ce mois-ci")
+        << "a screen built after the change";
+}
+
+TEST_F(HostTest, UsageScreenKeepsTheAllowanceInThePreferences)
+{
+    Preferences::AppPreferences::Open("DataUsage")->Set("MonthlyAllowance", TString<wchar_t>(L"4096"));
+    host::StartNavigation();
+    ASSERT_TRUE(host::Click(*m_dashboard, UIKit::ID_MAP));
+    auto* allowance = dynamic_cast<UIKit::NumericUpDownCtrl*>(
+        UIKit::Util::RecursiveFindControl(m_dashboard->GetCurrentRunningScreen(), L"Allowance"));
+    ASSERT_NE(allowance, nullptr);
+    EXPECT_EQ(allowance->GetValue(), 4096);
+
+    allowance->SetValue(1536);
+    TString<wchar_t> saved;
+    EXPECT_TRUE(testsupport::ProcessEventsUntil([&] {
+        Preferences::AppPreferences::Open("DataUsage")->Get("MonthlyAllowance", saved);
+        return saved == L"1536";
+    })) << "saved: " << saved;
 }
 
 } // namespace

@@ -1,9 +1,8 @@
 // The file access the packs and the language files go through: whole-file
-// streams, text lines, directory listings.
+// streams, lines, directory listings.
 #include "Toolkit/Directory.h"
 #include "Toolkit/FSStream.h"
 #include "Toolkit/LineReader.h"
-#include "Toolkit/TextFile.h"
 
 #include "TestSupport.h"
 
@@ -15,21 +14,13 @@ namespace {
 
 using Toolkit::FSStream;
 
-TEST(FSStreamTest, WritesAppendsAndReadsBackWholeFiles)
+// The product only reads (packs, whole files); a missing file is a quiet
+// probe, the pack says whether that is a problem.
+TEST(FSStreamTest, ReadsWholeFilesAndProbesQuietly)
 {
+    testsupport::LogCapture log;
     testsupport::TempDir dir;
-    const TString<char> path = dir.Str() + "/data.bin";
-    const std::string first("abc\0def", 7);
-    {
-        FSStream out(path, FSStream::ModeWrite);
-        ASSERT_TRUE(out.IsOpen());
-        EXPECT_EQ(out.Write(first.data(), first.size()), 7);
-    }
-    {
-        FSStream out(path, FSStream::ModeAppend);
-        EXPECT_EQ(out.Write("XY", 2), 2);
-    }
-    FSStream in(path, FSStream::ModeRead);
+    FSStream in(TString<char>(dir.Write("data.bin", std::string("abc\0defXY", 9)).string()), FSStream::ModeRead);
     EXPECT_EQ(in.Length(), 9);
     char head[4] = {};
     EXPECT_EQ(in.Read(head, 3), 3);
@@ -37,64 +28,14 @@ TEST(FSStreamTest, WritesAppendsAndReadsBackWholeFiles)
     std::vector<unsigned char> rest;
     EXPECT_TRUE(in.ReadAll(rest));
     EXPECT_EQ(std::string(rest.begin(), rest.end()), std::string("\0defXY", 6));
-    EXPECT_TRUE(in.Seek(1));
-    EXPECT_EQ(in.Read(head, 2), 2);
-    EXPECT_EQ(std::string(head, 2), "bc");
-}
-
-TEST(FSStreamTest, MissingFilesAreQuietProbesOtherFailuresAreLogged)
-{
-    testsupport::LogCapture log;
-    testsupport::TempDir dir;
     FSStream missing(TString<char>(dir.Str() + "/none.xml"), FSStream::ModeRead);
     EXPECT_EQ(missing.GetError(), ENOENT);
     EXPECT_EQ(log.Size(), 0u) << log.Dump();
-
-    const TString<char> inMissingDir = dir.Str() + "/no/such/dir/out.txt";
-    EXPECT_FALSE(FSStream(inMissingDir, FSStream::ModeWrite).IsOpen());
-    EXPECT_FALSE(FSStream(TString<char>(dir.Str() + "/x"), 7).IsOpen());
-    EXPECT_EQ(log.Size(), 2u) << log.Dump();
-    EXPECT_TRUE(log.Contains(L"no/such/dir/out.txt: No such file or directory"));
-    EXPECT_TRUE(log.Contains(L"unknown open mode 7"));
 }
 
-using Lines = std::vector<std::wstring>;
-
-// Every line the documented loop sees, the last one included.
-Lines readAll(Toolkit::TextFile& file)
-{
-    Lines lines;
-    for (auto line = file.GetFirstLine(); !file.Eof(); line = file.GetNextLine())
-        lines.push_back(line);
-    return lines;
-}
-
-TEST(TextFileTest, ReadsEveryLineOnEachPass)
-{
-    testsupport::TempDir dir;
-    // Line ends are the line reader's part (below); here the file's own loop.
-    const struct {
-        std::string content;
-        Lines expected;
-    } cases[] = {
-        {"", {}},
-        {"one\ntwo", {L"one", L"two"}},
-        {"\xEF\xBB\xBF" "caf\xC3\xA9\n", {L"caf\u00E9"}}, // byte-order mark dropped on every pass
-        {"a\xEF\xBB\xBF", {L"a\uFEFF"}},                   // only at the very start
-        {std::string("a\0b", 3), {std::wstring(L"a\0b", 3)}},
-    };
-    for (const auto& c : cases) {
-        const auto path = dir.Write("t.txt", c.content);
-        Toolkit::TextFile file;
-        ASSERT_TRUE(file.Open(TString<char>(path.string())));
-        EXPECT_EQ(readAll(file), c.expected) << testing::PrintToString(c.content);
-        // A second pass starts over at the first line.
-        EXPECT_EQ(readAll(file), c.expected) << testing::PrintToString(c.content);
-    }
-}
-
-// The reader's buffer boundaries must not split a CR LF pair or a BOM.
-TEST(TextFileTest, LineReaderIsIndependentOfChunkBoundaries)
+// The reader behind language files and zip entries: its buffer boundaries
+// must not split a CR LF pair or a BOM.
+TEST(LineReaderTest, SplitsLinesIndependentlyOfChunkBoundaries)
 {
     const std::string text = "\xEF\xBB\xBF" "0123456789abcd\r\nline two\rthree\r\n\r\nlast";
     const std::vector<std::string> expected{"0123456789abcd", "line two", "three", "", "last"};
@@ -148,42 +89,28 @@ TEST_F(DirectoryTest, ListsMatchingNamesSortedByKind)
 {
     Directory dir(m_dir.Str());
     ASSERT_TRUE(dir.IsOpen());
-    struct Case {
+    const struct {
         const wchar_t* pattern;
-        unsigned flags;
         bool folders;
         Names expected;
-    };
-    const Case cases[] = {
-        {L"*.ar", 0, false, {L"B.ar", L"a.ar", L"b.ar"}}, // code-point order, case-sensitive match
-        {L"*.ar", Directory::IncludeHidden, false, {L".hidden.ar", L"B.ar", L"a.ar", L"b.ar"}},
-        {L"", 0, false, {L"B.ar", L"a.ar", L"b.ar", L"notes.txt", L"plugin_sms.so", L"x.AR"}},
-        {L"strings.*", 0, true, {L"strings.fr", L"strings.zh-Hans"}},
-        {L"*.ar", 0, true, {L"dark.ar"}},
+    } cases[] = {
+        {L"*.ar", false, {L"B.ar", L"a.ar", L"b.ar"}}, // code-point order, case-sensitive match, no hidden file
+        {L"*.*", false, {L"B.ar", L"a.ar", L"b.ar", L"notes.txt", L"plugin_sms.so", L"x.AR"}},
+        {L"strings.*", true, {L"strings.fr", L"strings.zh-Hans"}},
+        {L"*.ar", true, {L"dark.ar"}},
     };
     for (const auto& c : cases) {
         Names names{L"stale"};
-        EXPECT_TRUE(c.folders ? dir.GetDirectories(c.pattern, names, c.flags) : dir.GetFiles(c.pattern, names, c.flags));
+        EXPECT_TRUE(c.folders ? dir.GetDirectories(c.pattern, names, 0) : dir.GetFiles(c.pattern, names, 0));
         EXPECT_EQ(names, c.expected) << "pattern " << testing::PrintToString(std::wstring(c.pattern));
     }
-
-    Names paths;
-    EXPECT_TRUE(dir.GetFiles(L"a.*", paths, Directory::FullPaths));
-    EXPECT_EQ(paths, Names{Toolkit::TString<wchar_t>(m_dir.Path().wstring() + L"/a.ar")});
-    EXPECT_TRUE(Directory::EnumFilePaths(paths, TString<char>(m_dir.Str()), L"*.ar"));
-    EXPECT_EQ(paths, (Names{L"B.ar", L"a.ar", L"b.ar", L"dark.ar"})) << "files and folders together";
 }
 
-TEST_F(DirectoryTest, UnlistableDirectoriesFailWithOneLogEntry)
+// A pack's folder may be a file; the packs folder itself is checked before listing.
+TEST_F(DirectoryTest, AFileIsNoDirectoryAndIsLoggedOnce)
 {
     testsupport::LogCapture log;
-    Names names{L"stale"};
-    const TString<char> missing = m_dir.Str() + "/missing";
-    EXPECT_FALSE(Directory::EnumFilePaths(names, missing, L"*"));
-    EXPECT_TRUE(names.empty());
-    EXPECT_EQ(log.Count(L"missing"), 1u) << log.Dump();
-
-    log.Clear();
+    Names names;
     Directory file(TString<char>(m_dir.Str() + "/notes.txt"));
     EXPECT_FALSE(file.IsOpen());
     EXPECT_FALSE(file.GetFiles(L"*", names, 0));

@@ -1,4 +1,3 @@
-#include "Toolkit/DynamicLibrary.h"
 #include "Toolkit/IPluginLoader.h"
 
 #include "TestSupport.h"
@@ -8,31 +7,12 @@
 
 namespace {
 
-using Toolkit::DynamicLibrary;
-
-const std::string c_sample = std::string(UIKIT_LIB_DIR) + "/libdynlib_sample.so";
-
-// Load failures and missing symbols are logged with the loader's message:
-// the plug-in manager test reads those entries for its bad plug-ins.
-TEST(DynamicLibraryTest, LoadsALibraryAndFindsItsSymbol)
-{
-    DynamicLibrary library;
-    ASSERT_TRUE(library.Load(c_sample));
-    auto* answer = reinterpret_cast<int (*)()>(library.GetSymbol("DynLibSampleAnswer"));
-    ASSERT_NE(answer, nullptr);
-    EXPECT_EQ(answer(), 42);
-    EXPECT_EQ(library.GetSymbol(Toolkit::TString<wchar_t>(L"DynLibSampleAnswer")), reinterpret_cast<void*>(answer));
-
-    // A detached handle outlives its loader object and is closed by its new owner.
-    void* handle = library.Detach();
-    EXPECT_FALSE(library.Unload());
-    EXPECT_TRUE(DynamicLibrary::Unload(handle));
-}
-
 namespace fs = std::filesystem;
 
-// Filter order, ambiguous entries and files that are no plug-in are the
-// plug-in manager tests' part; here the entry's answers and unmapping.
+// Filter order, ambiguous entries and files that are no plug-in (with the
+// loader's messages for them) are the plug-in manager tests' part; here the
+// entry's answers and the library's lifetime, which is the dynamic library's
+// loading, lookup, hand-over (Detach) and unloading.
 TEST(PluginLoaderTest, EntryAnswersAreCheckedAndALibraryStaysMappedWhileAnObjectOfItsCodeLives)
 {
     testsupport::TempDir dir;
