@@ -41,8 +41,6 @@ TEST_F(AppPreferencesTest, SectionsKeepTheirOwnKeysAcrossStores)
     bool logs = false;
     EXPECT_TRUE(settings->Get("StreamLogs", logs) && logs);
     EXPECT_FALSE(settings->Get("Culture", logs)); // not a boolean
-    EXPECT_TRUE(appearance->Remove("Culture"));
-    EXPECT_FALSE(reopened->Get("Culture", value)) << "stores of one section share the file";
 }
 
 TEST_F(AppPreferencesTest, CrashBeforeTheRenameKeepsThePreviousFile)
