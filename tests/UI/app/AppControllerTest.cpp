@@ -53,12 +53,8 @@ TEST(AppControllerTest, CloseRequestsStopAtTheFirstVetoAndEveryEntryIsAskedInOrd
     EXPECT_TRUE(controller.DispatchAppRequestClose()) << "nobody to object";
 
     std::vector<std::string> log;
-    auto a = listener(log, "A", true);
-    auto b = listener(log, "B", false);
-    auto c = listener(log, "C", true);
-    controller.AddListener(a);
-    controller.AddListener(b);
-    controller.AddListener(c);
+    for (const auto& [name, allow] : std::vector<std::pair<std::string, bool>>{{"A", true}, {"B", false}, {"C", true}})
+        controller.AddListener(listener(log, name, allow));
     EXPECT_FALSE(controller.DispatchAppRequestClose());
     EXPECT_EQ(log, (std::vector<std::string>{"A", "B"})) << "C is not asked after B's veto";
 
