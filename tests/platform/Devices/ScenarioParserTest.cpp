@@ -20,7 +20,6 @@ const LineCase c_lines[] = {
     {"A plug   # a comment", nullptr},
     {"A init opened 1 completed radio-off sim-failure", nullptr},
     {"A register operator=\"Meridian Mobile\" tech=hspa+ signal=70 roaming", nullptr},
-    {"A refuse no-service", nullptr},
     {"A error \"a \\\"quoted\\\" text\"", nullptr},
     {"A", "expected LABEL ACTION"},
     {"A wait 10", "expected a duration"},

@@ -173,11 +173,6 @@ std::vector<std::string> requests(Recorder& r)
 
 const std::string c_lockNone = std::to_string(int(Devices::LockNone));
 
-Answer code(const char* c, const char* newPin = "")
-{
-    return {c, newPin};
-}
-
 struct CodeCase {
     const char* name;
     const char* attempts; // the modem's pin-attempts option
@@ -186,16 +181,12 @@ struct CodeCase {
 };
 
 const CodeCase c_codeCases[] = {
-    {"wrong PIN once", "3", {code("1119"), code("7391")}, {"pin A 3", "pin A 2 retry"}},
-    {"three wrong PINs lead to the PUK",
-     "3",
-     {code("1119"), code("2229"), code("3339"), code("81726354", "4682")},
+    {"wrong PIN once", "3", {{"1119", ""}, {"7391", ""}}, {"pin A 3", "pin A 2 retry"}},
+    {"three wrong PINs lead to the PUK", "3", {{"1119", ""}, {"2229", ""}, {"3339", ""}, {"81726354", "4682"}},
      {"pin A 3", "pin A 2 retry", "pin A 1 retry", "puk A 10 retry"}},
-    {"wrong PUK costs a PUK attempt",
-     "1",
-     {code("1119"), code("00000009", "4682"), code("81726354", "4682")},
+    {"wrong PUK costs a PUK attempt", "1", {{"1119", ""}, {"00000009", "4682"}, {"81726354", "4682"}},
      {"pin A 1", "puk A 10 retry", "puk A 9 retry"}},
-    {"attempts not told", "unknown", {code("1119"), code("7391")}, {"pin A ?", "pin A ? retry"}},
+    {"attempts not told", "unknown", {{"1119", ""}, {"7391", ""}}, {"pin A ?", "pin A ? retry"}},
 };
 
 } // namespace
@@ -252,7 +243,7 @@ TEST(SimulatedModem, DeviceVanishingDuringARequestFailsCleanly)
             run.reset();
         ASSERT_TRUE(recorder->WaitFor("lost A"));
         // A code answered for the device that is gone is never asked for.
-        recorder->Give("A", code("7391"));
+        recorder->Give("A", {"7391", ""});
 
         EXPECT_FALSE(Devices::DeviceManager::GetDevice(device->GetId()) || device->IsPresent());
         EXPECT_EQ(device->Connect(), -1);
@@ -290,8 +281,8 @@ TEST(SimulatedModem, TwoModemsAskWhileTheTestThreadAnswers)
         ASSERT_TRUE(run.recorder->WaitFor("pin B 3"));
         const auto a = run.recorder->Found("A"), b = run.recorder->Found("B");
         ASSERT_TRUE(a && b);
-        run.recorder->Give("B", code("2468"));
-        run.recorder->Give("A", code("1357"));
+        run.recorder->Give("B", {"2468", ""});
+        run.recorder->Give("A", {"1357", ""});
         while (!run.recorder->WaitFor("lost", 2, 0)) {
             // Readings and requests from this thread while the modems run.
             const auto info = a->GetInfo();
