@@ -170,19 +170,12 @@ TEST(IPCActivateAppConnectionTest, OnlyTheExactCommandRaisesTheTopWindowOnTheGui
     std::thread([&] { connection.OnExecute(L"IPC_ACTIVATE"); }).join();
 
     StandInApp app;
-    struct Case {
-        const wchar_t* command;
-        int raises;
-    };
-    const Case cases[] = {
-        {L"IPC_ACTIVATE", 1}, {L"IPC_ACTIVATE ", 0},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [command, raises] : {std::pair{L"IPC_ACTIVATE", 1}, std::pair{L"IPC_ACTIVATE ", 0}}) {
         app.m_top.raised = 0;
-        std::thread([&] { connection.OnExecute(c.command); }).join();
+        std::thread([&] { connection.OnExecute(command); }).join();
         EXPECT_EQ(app.m_top.raised, 0) << "the raise waits for the GUI thread";
         app.Drain();
-        EXPECT_EQ(app.m_top.raised, c.raises) << std::wstring(c.command);
+        EXPECT_EQ(app.m_top.raised, raises) << std::wstring(command);
     }
 }
 
