@@ -3,6 +3,7 @@
 #include "Toolkit/Directory.h"
 #include "Toolkit/FSStream.h"
 #include "Toolkit/LineReader.h"
+#include "Toolkit/TextFile.h"
 
 #include "TestSupport.h"
 
@@ -66,6 +67,25 @@ TEST(LineReaderTest, SplitsLinesIndependentlyOfChunkBoundaries)
     std::string line;
     EXPECT_FALSE(failing.Next(line)); // an unfinished line is not returned on an error
     EXPECT_TRUE(failing.Failed());
+}
+
+// The SDK's text file: its loop sees every line, the last one included, and
+// a second pass starts over (byte-order mark dropped again).
+TEST(TextFileTest, ReadsEveryLineOnEachPass)
+{
+    testsupport::TempDir dir;
+    const std::pair<std::string, std::vector<std::wstring>> cases[] = {
+        {"", {}}, {"\xEF\xBB\xBF" "caf\xC3\xA9\ntwo", {L"caf\u00E9", L"two"}}, {std::string("a\0b", 3), {std::wstring(L"a\0b", 3)}}};
+    for (const auto& [content, expected] : cases) {
+        Toolkit::TextFile file;
+        ASSERT_TRUE(file.Open(TString<char>(dir.Write("t.txt", content).string())));
+        for (int pass = 0; pass < 2; ++pass) {
+            std::vector<std::wstring> lines;
+            for (auto line = file.GetFirstLine(); !file.Eof(); line = file.GetNextLine())
+                lines.push_back(line);
+            EXPECT_EQ(lines, expected) << testing::PrintToString(content) << " pass " << pass;
+        }
+    }
 }
 
 using Toolkit::Directory;

@@ -21,6 +21,9 @@ const char* const c_bundle =
     "Entry=Lite\n"
     "Padded=\"  keep  \"\n"
     "Equation=a=b ; c\n"
+    "Negative= -7 \n"
+    "NotNumber=4x\n"
+    "Huge=99999999999999999999\n"
     "[Bundle.Core]\n"
     "GipDep=Browser,Settings\n"
     "gipdep=Replaced\n"
@@ -51,6 +54,8 @@ TEST(IniFileTest, ReadsSectionsAndKeysIgnoringCaseAndBlanks)
     };
     for (const auto& c : cases)
         EXPECT_EQ(ini.GetString(c.section, c.key, L"default"), c.value) << testing::PrintToString(std::wstring(c.key));
+    for (const auto& [key, value] : {std::pair{L"Negative", -7}, std::pair{L"NotNumber", -1}, std::pair{L"Huge", -1}})
+        EXPECT_EQ(ini.GetInt(L"MainBundle.Lite", key, -1), value) << std::wstring(key);
 }
 
 TEST(IniFileTest, MalformedLinesAreSkippedAndReportedOncePerFile)
