@@ -75,7 +75,10 @@ TEST(TextFileTest, ReadsEveryLineOnEachPass)
 {
     testsupport::TempDir dir;
     const std::pair<std::string, std::vector<std::wstring>> cases[] = {
-        {"", {}}, {"\xEF\xBB\xBF" "caf\xC3\xA9\ntwo", {L"caf\u00E9", L"two"}}, {std::string("a\0b", 3), {std::wstring(L"a\0b", 3)}}};
+        {"", {}},
+        {"\xEF\xBB\xBF" "caf\xC3\xA9\ntwo", {L"caf\u00E9", L"two"}},
+        {std::string("a\0b", 3), {std::wstring(L"a\0b", 3)}},
+    };
     for (const auto& [content, expected] : cases) {
         Toolkit::TextFile file;
         ASSERT_TRUE(file.Open(TString<char>(dir.Write("t.txt", content).string())));

@@ -111,7 +111,8 @@ TEST(IniFileTest, LimitsDropWhatLiesPastThemAndSayWhich)
          L"keys.ini:5: more keys than the limit of 3; this key and the ones after it are ignored"},
         {"value longer than a line may be", longValue, IniFile::Limits{defaults.fileBytes, 50, 3}, {"a", "b"}, {"long"},
          L"keys.ini:3: line longer than the limit of 50 bytes skipped"},
-        {"file larger than allowed: whole lines only", "[S]\na=1\nb=22\nc=3333333\n", IniFile::Limits{20, 50, 3}, {"a", "b"}, {"c"},
+        {"file larger than allowed: whole lines only", "[S]\na=1\nb=22\nc=3333333\n", IniFile::Limits{20, 50, 3},
+         {"a", "b"}, {"c"},
          L"keys.ini is larger than the limit of 20 bytes"},
     };
     for (const auto& c : cases) {

@@ -125,8 +125,7 @@ TEST(DCControler, CodeRequestsShowOneScreenAndHandEachCodeOnceToItsDevice)
 TEST(DCControler, SelectionFollowsTheNewestDeviceAndFiltersTheOthersEvents)
 {
     play({c_plug1, c_plug2, {"update 1", ""}, {"update 2", "updated 2"}, {"plug 3", "lost 2, found 3, info 3"},
-          {"pull 2", ""},
-          {"pull 3", "lost 3, found 1, info 1"}, {"pull 1", "lost 1"}, {"plug 4", "found 4, info 4"}});
+          {"pull 2", ""}, {"pull 3", "lost 3, found 1, info 1"}, {"pull 1", "lost 1"}, {"plug 4", "found 4, info 4"}});
 }
 
 // Three modems ask for their PINs and one about flight mode; all go.
