@@ -7,7 +7,6 @@
 #include "history/ConnectionRecorder.h"
 
 #include "Devices/Device.h"
-#include "Toolkit/AtomicFile.h"
 
 #include <gtest/gtest.h>
 
@@ -59,18 +58,6 @@ TEST(ConnectionHistoryTest, AHistoryThatCannotBeWrittenLogsOnceAndLosesNothing)
         EXPECT_EQ(history.Entries(), (std::vector<HistoryEntry>{c_first, c_second}));
         EXPECT_EQ(log.Size(), 1u) << log.Dump();
     }
-    // A write cut short before it replaces the file leaves the sessions
-    // written before as they were.
-    {
-        ConnectionHistory history(state.Str());
-        ASSERT_TRUE(history.Append(c_first));
-        Toolkit::AtomicFile::SetBeforeRenameHook([](const TString<char>&) { return false; });
-        testsupport::LogCapture log;
-        EXPECT_FALSE(history.Append(c_second));
-        Toolkit::AtomicFile::SetBeforeRenameHook(nullptr);
-        EXPECT_EQ(history.Entries().size(), 2u);
-    }
-    EXPECT_EQ(ConnectionHistory(state.Str()).Entries(), std::vector<HistoryEntry>{c_first});
 }
 
 TEST(ConnectionRecorderTest, EachConnectionThatEndsMakesOneEntry)

@@ -203,10 +203,7 @@ protected:
         return false;
     }
     std::string current() const { return Toolkit::UTF8::ToUTF8(sequence()); }
-    bool until(const std::function<bool()>& condition)
-    {
-        return testsupport::ProcessEventsUntil(condition, 5000);
-    }
+    bool until(const std::function<bool()>& condition) { return testsupport::ProcessEventsUntil(condition); }
 
     testsupport::FakeClock clock;
     std::mutex m_pace; // guards what follows
