@@ -24,8 +24,6 @@ std::string binaryImage()
     return bytes;
 }
 
-const char* const c_frenchStrings = "KEY \"valeur\"\n";
-
 // Zips the given members of folder with the standard zip tool.
 void zipWithTool(const std::filesystem::path& folder, const std::string& archive, const std::string& options,
                  const std::string& members)
@@ -41,7 +39,7 @@ protected:
     {
         m_dir.Write("src/main.xml", "<root/>");
         m_dir.Write("src/graphics/logo.png", binaryImage());
-        m_dir.Write("src/strings.fr/main.txt", c_frenchStrings);
+        m_dir.Write("src/strings.fr/main.txt", "KEY \"valeur\"\n");
         m_dir.Write("src/strings.en/main.txt", "KEY \"value\"\n");
         m_pack = m_dir.Str() + "/pack.zip";
         zipWithTool(m_dir.Path() / "src", m_pack, "-r", "main.xml graphics strings.fr strings.en");

@@ -38,9 +38,7 @@ TEST(LoggerTest, ControlCharactersInMessagesAreEscapedInEverySink)
         std::wstring input;
         std::wstring logged;
     } cases[] = {
-        {L"name\nE [2026-01-01] forged", L"name\\nE [2026-01-01] forged"},
-        {L"cr\r\n", L"cr\\r\\n"},
-        {L"\x1b[2J\x1b]0;title\x07", L"\\x1b[2J\\x1b]0;title\\x07"},
+        {L"cr\r\nE [2026-01-01] forged", L"cr\\r\\nE [2026-01-01] forged"},
         {std::wstring(L"nul\0del\x7f", 8), L"nul\\x00del\\x7f"},
         {L"c1\x85next\x9b", L"c1\\u0085next\\u009b"},
         {L"line\u2028sep\u202Eevil", L"line\\u2028sep\\u202eevil"},
