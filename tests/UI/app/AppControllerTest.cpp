@@ -1,4 +1,9 @@
+// The application object, its controller and module, and the host started
+// twice: the second start brings the first window to the front and ends with
+// success.
+#include "PeerProcess.h"
 #include "TestSupport.h"
+#include "Toolkit/DynamicLibrary.h"
 #include "app/App.h"
 #include "app/AppController.h"
 #include "app/IPCActivateAppConnection.h"
@@ -8,6 +13,7 @@
 #include <wx/frame.h>
 
 #include <chrono>
+#include <filesystem>
 #include <future>
 #include <string>
 #include <thread>
@@ -47,12 +53,8 @@ TEST(AppControllerTest, CloseRequestsStopAtTheFirstVetoAndEveryEntryIsAskedInOrd
     EXPECT_TRUE(controller.DispatchAppRequestClose()) << "nobody to object";
 
     std::vector<std::string> log;
-    auto a = listener(log, "A", true);
-    auto b = listener(log, "B", false);
-    auto c = listener(log, "C", true);
-    controller.AddListener(a);
-    controller.AddListener(b);
-    controller.AddListener(c);
+    for (const auto& [name, allow] : std::vector<std::pair<std::string, bool>>{{"A", true}, {"B", false}, {"C", true}})
+        controller.AddListener(listener(log, name, allow));
     EXPECT_FALSE(controller.DispatchAppRequestClose());
     EXPECT_EQ(log, (std::vector<std::string>{"A", "B"})) << "C is not asked after B's veto";
 
@@ -168,20 +170,62 @@ TEST(IPCActivateAppConnectionTest, OnlyTheExactCommandRaisesTheTopWindowOnTheGui
     std::thread([&] { connection.OnExecute(L"IPC_ACTIVATE"); }).join();
 
     StandInApp app;
-    struct Case {
-        const wchar_t* command;
-        int raises;
-    };
-    const Case cases[] = {
-        {L"IPC_ACTIVATE", 1}, {L"ipc_activate", 0}, {L"IPC_ACTIVATE ", 0},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [command, raises] : {std::pair{L"IPC_ACTIVATE", 1}, std::pair{L"IPC_ACTIVATE ", 0}}) {
         app.m_top.raised = 0;
-        std::thread([&] { connection.OnExecute(c.command); }).join();
+        std::thread([&] { connection.OnExecute(command); }).join();
         EXPECT_EQ(app.m_top.raised, 0) << "the raise waits for the GUI thread";
         app.Drain();
-        EXPECT_EQ(app.m_top.raised, c.raises) << std::wstring(c.command);
+        EXPECT_EQ(app.m_top.raised, raises) << std::wstring(command);
     }
+}
+
+// A plug-in built with hidden visibility reads the controller through the
+// slot: it must see the host's instance, not a private slot of its own.
+TEST(LibModuleTest, APluginReadsTheHostsManagerThroughTheSharedSlot)
+{
+    const bool made = UIKit::AppController::s_pInstance == nullptr;
+    UIKit::AppController::CreateInstance();
+    auto host = UIKit::AppController::Instance();
+    ASSERT_FALSE(host.IsNull());
+    Toolkit::DynamicLibrary plugin;
+    ASSERT_TRUE(plugin.Load(std::string(UIKIT_LIB_DIR) + "/libslot_reader.so"));
+    auto read = reinterpret_cast<void* (*)()>(plugin.GetSymbol("SlotReaderAppController"));
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(read(), host.get());
+    host.ReleaseRef();
+    if (made)
+        UIKit::AppController::ReleaseInstance();
+}
+
+bool listening(const testsupport::TempDir& home)
+{
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(home.Path()))
+        if (entry.path().extension() == ".ipc")
+            return true;
+    return false;
+}
+
+TEST(SecondStartTest, BringsTheFirstWindowForwardAndExitsWithSuccess)
+{
+    const std::string host = std::string(UIKIT_BIN_DIR) + "/connection-manager";
+    ASSERT_TRUE(std::filesystem::exists(host)) << host;
+    // Run-time, state and configuration folders of both starts in one place.
+    testsupport::TempDir home;
+    std::vector<std::string> environment;
+    for (const char* name : {"UIKIT_RUNTIME_DIR", "UIKIT_STATE_DIR", "UIKIT_CONFIG_DIR"})
+        environment.push_back(std::string(name) + "=" + home.Str());
+    testsupport::PeerProcess first({}, host, environment);
+    ASSERT_TRUE(first.Started());
+    // The first start opens its activation channel once its pack is loaded.
+    ASSERT_TRUE(testsupport::ProcessEventsUntil([&] { return listening(home); }, 20000))
+        << "the first start never opened its activation channel";
+
+    testsupport::PeerProcess second({}, host, environment);
+    bool told = false;
+    for (int line = 0; line < 50 && !told; ++line)
+        told = second.ReadLine().find("brought its window to the front") != std::string::npos;
+    EXPECT_EQ(second.Wait(), 0);
+    EXPECT_TRUE(told);
 }
 
 } // namespace

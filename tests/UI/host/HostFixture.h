@@ -14,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstdlib>
 
 namespace hosttest {
 
@@ -22,8 +21,6 @@ class HostFixture : public testing::Test {
 protected:
     void SetUp() override
     {
-        setenv("UIKIT_CONFIG_DIR", m_home.Str().c_str(), 1);
-        setenv("UIKIT_STATE_DIR", m_home.Str().c_str(), 1);
         std::setlocale(LC_ALL, "C");
         (*Toolkit::LibModuleManager::s_pInstance)->InitializeAll();
         m_options.culture = L"en";
@@ -38,11 +35,11 @@ protected:
         host::StopDevices();
         host::StopNavigation(m_dashboard);
         (*Toolkit::LibModuleManager::s_pInstance)->ReleaseAll();
-        unsetenv("UIKIT_CONFIG_DIR");
-        unsetenv("UIKIT_STATE_DIR");
     }
 
     testsupport::TempDir m_home;
+    testsupport::ScopedEnv m_configDir{"UIKIT_CONFIG_DIR", m_home.Str()};
+    testsupport::ScopedEnv m_stateDir{"UIKIT_STATE_DIR", m_home.Str()};
     host::Options m_options;
     host::DashboardFrame* m_dashboard = nullptr;
 };

@@ -11,17 +11,13 @@
 
 TEST(ScreenshotIndex, ListsEveryPngInTourOrderThenByName)
 {
-    struct Case {
+    const struct {
         std::vector<std::string> files, order, listed;
-    };
-    const Case cases[] = {
-        {{"home.png", "usage.png", "about.png"}, {"usage.png", "home.png", "about.png"},
-         {"usage.png", "home.png", "about.png"}},
+    } cases[] = {
         {{"z.png", "pin.png", "a.png", "notes.txt"}, {"pin.png", "gone.png"}, {"pin.png", "a.png", "z.png"}},
         {{"a&b.png"}, {}, {"a&amp;b.png"}},
-        {{}, {"home.png"}, {}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         testsupport::TempDir dir;
         for (const std::string& file : c.files)
             dir.Write(file, "");

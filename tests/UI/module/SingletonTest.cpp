@@ -71,11 +71,9 @@ protected:
     void TearDown() override { table().ReleaseAll(); }
 };
 
-TEST_F(SingletonTableTest, CreatesAndReleasesInTheirOwnOrdersDestroyingBeforeEmptyingTheSlot)
+TEST_F(SingletonTableTest, CreatesAndReleasesInTheirOwnOrdersAndHeldCopiesOutliveTheRelease)
 {
     const auto t = table();
-    EXPECT_EQ(t.CreationOrder(), (std::vector<std::string>{"A", "B", "C"}));
-    EXPECT_EQ(t.ReleaseOrder(), (std::vector<std::string>{"B", "A", "C"}));
     t.CreateAll();
     t.CreateAll(); // a second initialisation creates nothing
     EXPECT_EQ(g_journal, (std::vector<std::string>{"new 1", "new 2", "new 3"}));
@@ -85,11 +83,9 @@ TEST_F(SingletonTableTest, CreatesAndReleasesInTheirOwnOrdersDestroyingBeforeEmp
     EXPECT_EQ(g_journal, (std::vector<std::string>{"new 1", "new 2", "new 3", "delete 2 slot set",
                                                    "delete 1 slot set", "delete 3 slot set"}));
     EXPECT_EQ(A::s_pInstance, nullptr);
-}
 
-TEST_F(SingletonTableTest, OutsideCopiesOutliveReleaseAndReinitialiseMakesAFreshInstance)
-{
-    const auto t = table();
+    // A copy held outside outlives the release; a new start makes a fresh one.
+    g_journal.clear();
     t.CreateAll();
     auto kept = A::Instance();
     t.ReleaseAll();

@@ -137,7 +137,6 @@ TEST_F(PopupTest, AnEjectingPopupDoesNotMove)
     wxCommandEvent close(wxEVT_BUTTON, ID_FRAME_CLOSE);
     popups[0]->GetEventHandler()->ProcessEvent(close);
     EXPECT_EQ(ejecting->GetPosition().y, 734);
-
     std::vector<int> ys = Settle(ejecting);
     ASSERT_GE(ys.size(), 2u);
     EXPECT_EQ(ys.back(), 1024) << "it ends just below the display";

@@ -24,8 +24,6 @@ std::string binaryImage()
     return bytes;
 }
 
-const char* const c_frenchStrings = "KEY \"valeur\"\n";
-
 // Zips the given members of folder with the standard zip tool.
 void zipWithTool(const std::filesystem::path& folder, const std::string& archive, const std::string& options,
                  const std::string& members)
@@ -41,7 +39,7 @@ protected:
     {
         m_dir.Write("src/main.xml", "<root/>");
         m_dir.Write("src/graphics/logo.png", binaryImage());
-        m_dir.Write("src/strings.fr/main.txt", c_frenchStrings);
+        m_dir.Write("src/strings.fr/main.txt", "KEY \"valeur\"\n");
         m_dir.Write("src/strings.en/main.txt", "KEY \"value\"\n");
         m_pack = m_dir.Str() + "/pack.zip";
         zipWithTool(m_dir.Path() / "src", m_pack, "-r", "main.xml graphics strings.fr strings.en");
@@ -62,65 +60,46 @@ TEST_F(ArchiveZipTest, ListsFilesAndFoldersByPattern)
 {
     ArchiveZip zip;
     ASSERT_TRUE(zip.Open(TString<char>(m_pack), true));
-    struct Case {
+    const struct {
         const wchar_t* pattern;
         int type;
         int result;
         std::vector<std::wstring> names;
-    };
-    const Case cases[] = {
-        {L"graphics/*", 1, 1, {L"graphics/logo.png"}},
+    } cases[] = {
         {L"strings.*", 2, 1, {L"strings.en/", L"strings.fr/"}},
         {L"strings.fr*", 1, 1, {L"strings.fr/main.txt"}}, // "*" crosses "/"
         {L"main.xml", 2, 0, {}},
-        {L"*", 3, -1, {}},
     };
     for (const auto& c : cases) {
         Entries found{{L"stale", ArchiveZipEntry()}};
         EXPECT_EQ(zip.EntriesList(found, c.pattern, c.type), c.result) << testing::PrintToString(std::wstring(c.pattern));
         std::vector<std::wstring> names;
-        for (const auto& [name, e] : found) {
+        for (const auto& [name, e] : found)
             names.push_back(name);
-            EXPECT_EQ(e.GetName(), name);
-            EXPECT_EQ(e.IsFolder(), c.type == 2);
-        }
         EXPECT_EQ(names, c.names) << testing::PrintToString(std::wstring(c.pattern));
     }
-    EXPECT_EQ(entry(zip, L"graphics/logo.png").GetFileName(), L"logo.png");
 }
 
-TEST_F(ArchiveZipTest, ReadsEntriesWholeAndAfterSeeking)
+// A stream outlives its archive; seeking back reopens the entry.
+TEST_F(ArchiveZipTest, StreamsOutliveTheirArchiveAndSeek)
 {
-    ArchiveZip zip;
-    ASSERT_TRUE(zip.Open(TString<wchar_t>(m_dir.Path().wstring() + L"/pack.zip"), true));
-
-    std::vector<unsigned char> bytes;
-    auto logo = zip.GetZipInputStream(entry(zip, L"graphics/logo.png"));
+    Toolkit::smart_ptr<Toolkit::ZipInputStream> logo;
+    {
+        ArchiveZip zip;
+        ASSERT_TRUE(zip.Open(TString<char>(m_pack), true));
+        logo = zip.GetZipInputStream(entry(zip, L"graphics/logo.png"));
+        zip.Close();
+    }
     ASSERT_TRUE(logo);
-    EXPECT_EQ(logo->GetLength(), 5000);
+    std::vector<unsigned char> bytes;
     char head[8];
     logo->Read(head, sizeof head);
-    EXPECT_EQ(logo->SeekI(0), 0); // back to the start: the entry is reopened
+    EXPECT_EQ(logo->SeekI(0), 0);
     EXPECT_TRUE(logo->ReadAll(bytes));
     EXPECT_EQ(std::string(bytes.begin(), bytes.end()), binaryImage());
     EXPECT_EQ(logo->SeekI(4990), 4990);
     EXPECT_TRUE(logo->ReadAll(bytes));
     EXPECT_EQ(bytes.size(), 10u);
-}
-
-TEST_F(ArchiveZipTest, StreamsOutliveTheirArchive)
-{
-    Toolkit::smart_ptr<Toolkit::ZipInputStream> stream;
-    {
-        ArchiveZip zip;
-        ASSERT_TRUE(zip.Open(TString<char>(m_pack), true));
-        stream = zip.GetZipInputStream(entry(zip, L"graphics/logo.png"));
-        zip.Close();
-    }
-    ASSERT_TRUE(stream);
-    std::vector<unsigned char> bytes;
-    EXPECT_TRUE(stream->ReadAll(bytes));
-    EXPECT_EQ(bytes.size(), 5000u);
 }
 
 TEST_F(ArchiveZipTest, StreamsOfOneArchiveReadFromSeveralThreads)
@@ -153,10 +132,6 @@ TEST_F(ArchiveZipTest, FilesThatAreNotArchivesFailWithOneLogEntry)
     ArchiveZip zip;
     EXPECT_FALSE(zip.Open(TString<char>(fake.string()), true));
     EXPECT_EQ(log.Count(L"fake.zip: Not a zip archive"), 1u) << log.Dump();
-
-    Entries found;
-    EXPECT_EQ(zip.EntriesList(found, L"*", 1), -1);
-    EXPECT_FALSE(zip.GetZipInputStream(ArchiveZipEntry(L"main.xml", 0, 7, 7, false)));
 }
 
 // The entry's data is damaged after zipping; stored entries fail their CRC

@@ -2,7 +2,7 @@
 #include "Toolkit/IPCProtocol.h"
 #include "Toolkit/IPCServer.h"
 #include "Toolkit/PathManager.h"
-#include "Toolkit/Thread.h"
+#include "Toolkit/SingleApplicationInstance.h"
 #include "Toolkit/UTF8.h"
 
 #include "PeerProcess.h"
@@ -14,6 +14,7 @@
 #include <condition_variable>
 #include <cstring>
 #include <filesystem>
+#include <future>
 #include <mutex>
 #include <stdexcept>
 #include <sys/socket.h>
@@ -34,7 +35,6 @@ public:
     {
         std::lock_guard lock(m_mutex);
         m_commands.push_back(command);
-        m_onMain = m_onMain || Toolkit::Thread::IsMainThread();
         m_changed.notify_all();
     }
     // Waits (bounded) until `count` commands have arrived.
@@ -44,17 +44,10 @@ public:
         m_changed.wait_for(lock, std::chrono::seconds(10), [&] { return m_commands.size() >= count; });
         return m_commands;
     }
-    bool CalledOnMain()
-    {
-        std::lock_guard lock(m_mutex);
-        return m_onMain;
-    }
-
 private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::vector<TString<wchar_t>> m_commands;
-    bool m_onMain = false;
 };
 
 class ThrowingHandler : public Toolkit::IPCConnectionEvent {
@@ -63,7 +56,7 @@ public:
 };
 
 // Each test gets its own application name and runtime directory, so test
-// processes running side by side never share a channel.
+// processes running side by side never share a channel or a claim.
 class IPCTest : public testing::Test {
 protected:
     void SetUp() override
@@ -79,16 +72,21 @@ protected:
         Toolkit::PathManager::Instance().SetRuntimeDir("");
         Toolkit::PathManager::Instance().SetApplicationName("");
     }
+    static sockaddr_un Address(const std::string& path)
+    {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+        return address;
+    }
     // A connected raw socket to the server, with a bounded read time.
     int RawConnect(const IPCServer& server)
     {
         const int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        std::strncpy(address.sun_path, server.GetSocketPath().c_str(), sizeof address.sun_path - 1);
+        const sockaddr_un address = Address(server.GetSocketPath());
         timeval tv{10, 0};
         ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &tv, sizeof tv);
-        EXPECT_EQ(::connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
         return fd;
     }
     // Reads until the server closes the connection; false on time-out.
@@ -100,6 +98,7 @@ protected:
         }
         return n == 0;
     }
+    int PeerClaim() { return testsupport::PeerProcess({"claim", m_runtime, m_app}).Wait(); }
     std::wstring PeerTag() const { return L"pid " + std::to_wstring(::getpid()) + L" uid " + std::to_wstring(::geteuid()); }
 
     testsupport::TempDir m_dir;
@@ -119,26 +118,16 @@ TEST_F(IPCTest, SecondProcessActivatesTheFirst)
     EXPECT_EQ(st.st_mode & 0777, 0600u);
 
     testsupport::PeerProcess peer({"send", m_runtime, m_app, "", "IPC_ACTIVATE"});
-    ASSERT_TRUE(peer.Started());
     EXPECT_EQ(peer.Wait(), 0) << "the peer's command was not acknowledged";
-    const auto commands = handler->WaitFor(1);
-    ASSERT_EQ(commands.size(), 1u);
-    EXPECT_EQ(commands[0], L"IPC_ACTIVATE");
-    EXPECT_FALSE(handler->CalledOnMain()) << "commands arrive on the server's thread";
+    EXPECT_EQ(handler->WaitFor(1), std::vector<TString<wchar_t>>{L"IPC_ACTIVATE"});
 
     // Non-ASCII text survives the trip; a named channel is a different one.
     EXPECT_TRUE(IPCClient::Connect(L"", L"Gr\u00FC\u00DFe \u2713"));
     EXPECT_EQ(handler->WaitFor(2).back(), L"Gr\u00FC\u00DFe \u2713");
-    testsupport::LogCapture log;
     EXPECT_FALSE(IPCClient::Connect(L"other", L"IPC_ACTIVATE"));
-    EXPECT_TRUE(log.Contains(L"cannot reach IPC channel " + Toolkit::UTF8::ToUNICODE(m_runtime) + L"/other.ipc"))
-        << log.Dump();
 
     server.Stop();
     EXPECT_NE(::access(server.GetSocketPath().c_str(), F_OK), 0) << "the socket file outlives the server";
-    testsupport::PeerProcess late({"send", m_runtime, m_app, "", "IPC_ACTIVATE"});
-    EXPECT_EQ(late.Wait(), 1) << "nobody serves the channel any more";
-    EXPECT_EQ(handler->WaitFor(0).size(), 2u);
 }
 
 TEST_F(IPCTest, MalformedClientsAreLoggedAndIgnored)
@@ -163,6 +152,7 @@ TEST_F(IPCTest, MalformedClientsAreLoggedAndIgnored)
     auto handler = Toolkit::make_smart<RecordingHandler>();
     server.AddConnectionHandler(handler);
     ASSERT_TRUE(server.Run());
+    size_t served = 0;
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         clock.Advance(IPCServer::c_refusalLogIntervalMs); // past the throttle of refusal entries
@@ -174,18 +164,14 @@ TEST_F(IPCTest, MalformedClientsAreLoggedAndIgnored)
         ::close(fd);
         // The server keeps serving, and the bad message reached no handler.
         EXPECT_TRUE(IPCClient::Connect(L"", Toolkit::UTF8::ToUNICODE(c.name)));
-        const auto commands = handler->WaitFor(1);
-        ASSERT_EQ(commands.size(), 1u);
-        EXPECT_EQ(commands[0], Toolkit::UTF8::ToUNICODE(c.name));
-        const auto entries = log.Entries();
+        const auto commands = handler->WaitFor(++served);
+        ASSERT_EQ(commands.size(), served);
+        EXPECT_EQ(commands.back(), Toolkit::UTF8::ToUNICODE(c.name));
         size_t matching = 0;
-        for (const auto& e : entries)
+        for (const auto& e : log.Entries())
             matching += e.message.HasSubstring(c.logged) && e.message.HasSubstring(PeerTag()) &&
                         e.severity == Toolkit::LogError;
         EXPECT_EQ(matching, 1u) << log.Dump();
-        server.RemoveConnectionHandler(handler);
-        handler = Toolkit::make_smart<RecordingHandler>();
-        server.AddConnectionHandler(handler);
     }
 }
 
@@ -249,26 +235,13 @@ TEST_F(IPCTest, FloodOfConnectionsCannotStopActivation)
 // client hears nothing until it lets go.
 TEST_F(IPCTest, ClientIsAcknowledgedOnceHandlersAreDone)
 {
-    class DeferringHandler : public Toolkit::IPCConnectionEvent {
-    public:
+    struct DeferringHandler : Toolkit::IPCConnectionEvent {
         void OnExecute(TString<wchar_t>) override {}
         void OnCommand(TString<wchar_t>, Toolkit::smart_ptr<Toolkit::IPCAcknowledgement> ack) override
         {
-            std::lock_guard lock(m_mutex);
-            m_ack = std::move(ack);
-            m_changed.notify_all();
+            held.set_value(std::move(ack));
         }
-        Toolkit::smart_ptr<Toolkit::IPCAcknowledgement> Wait()
-        {
-            std::unique_lock lock(m_mutex);
-            m_changed.wait_for(lock, std::chrono::seconds(10), [&] { return bool(m_ack); });
-            return std::move(m_ack);
-        }
-
-    private:
-        std::mutex m_mutex;
-        std::condition_variable m_changed;
-        Toolkit::smart_ptr<Toolkit::IPCAcknowledgement> m_ack;
+        std::promise<Toolkit::smart_ptr<Toolkit::IPCAcknowledgement>> held;
     };
     IPCServer server;
     auto deferring = Toolkit::make_smart<DeferringHandler>();
@@ -280,8 +253,9 @@ TEST_F(IPCTest, ClientIsAcknowledgedOnceHandlersAreDone)
     const int fd = RawConnect(server);
     const std::string command = Toolkit::IPCProtocol::Encode(Toolkit::IPCProtocol::Command, "IPC_ACTIVATE");
     ASSERT_EQ(::send(fd, command.data(), command.size(), MSG_NOSIGNAL), ssize_t(command.size()));
-    auto ack = deferring->Wait();
-    ASSERT_TRUE(ack);
+    auto held = deferring->held.get_future();
+    ASSERT_EQ(held.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    auto ack = held.get();
     EXPECT_EQ(recording->WaitFor(1).size(), 1u);
     char reply[64];
     EXPECT_EQ(::recv(fd, reply, sizeof reply, MSG_DONTWAIT), -1) << "acknowledged before the handler was done";
@@ -297,14 +271,10 @@ TEST_F(IPCTest, StaleSocketIsReplacedButALiveOneIsNot)
     ASSERT_EQ(::mkdir((m_dir.Str() + "/run").c_str(), 0700), 0);
     ASSERT_EQ(::mkdir(m_runtime.c_str(), 0700), 0);
     const std::string path = m_runtime + "/" + m_app + ".ipc";
-    {
-        const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
-        ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        ::close(fd);
-    }
+    const int stale = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    const sockaddr_un address = Address(path);
+    ASSERT_EQ(::bind(stale, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ::close(stale);
     IPCServer first;
     ASSERT_TRUE(first.Run());
     EXPECT_TRUE(log.Contains(L"replaced stale IPC socket " + Toolkit::UTF8::ToUNICODE(path)));
@@ -332,18 +302,15 @@ TEST_F(IPCTest, StaleSocketIsReplacedButALiveOneIsNot)
     EXPECT_EQ(refusals.Size(), 2u) << refusals.Dump();
 }
 
-TEST_F(IPCTest, HandlersAreAddedAndRemovedUnderTheLock)
+TEST_F(IPCTest, AThrowingHandlerStopsNobodyAndARemovedOneHearsNothing)
 {
     testsupport::LogCapture log;
     IPCServer server(L"handlers");
     auto first = Toolkit::make_smart<RecordingHandler>();
     auto second = Toolkit::make_smart<RecordingHandler>();
-    {
-        Toolkit::MutexLocker lock(server.GetLock());
-        server.AddConnectionHandler(first);
-        server.AddConnectionHandler(Toolkit::make_smart<ThrowingHandler>());
-        server.AddConnectionHandler(second);
-    }
+    server.AddConnectionHandler(first);
+    server.AddConnectionHandler(Toolkit::make_smart<ThrowingHandler>());
+    server.AddConnectionHandler(second);
     ASSERT_TRUE(server.Run());
     ASSERT_TRUE(IPCClient::Connect(L"handlers", L"one"));
     EXPECT_EQ(first->WaitFor(1).size(), 1u);
@@ -354,6 +321,41 @@ TEST_F(IPCTest, HandlersAreAddedAndRemovedUnderTheLock)
     ASSERT_TRUE(IPCClient::Connect(L"handlers", L"two"));
     EXPECT_EQ(second->WaitFor(2).size(), 2u);
     EXPECT_EQ(first->WaitFor(0).size(), 1u);
+}
+
+using Toolkit::SingleApplicationInstance;
+
+TEST_F(IPCTest, SingleInstanceClaimIsSeenFromAnotherProcessAndEndsWithIt)
+{
+    {
+        SingleApplicationInstance mine;
+        EXPECT_FALSE(mine.IsAlreadyRunning());
+        struct stat st {};
+        ASSERT_EQ(::stat(m_runtime.c_str(), &st), 0);
+        EXPECT_EQ(st.st_mode & 0777, 0700u);
+
+        EXPECT_EQ(PeerClaim(), 3) << "the second process must see this one running";
+    }
+    EXPECT_EQ(PeerClaim(), 0) << "the claim is released with its holder";
+
+    // A holder that dies without any clean-up still releases the claim.
+    testsupport::PeerProcess holder({"hold", m_runtime, m_app});
+    ASSERT_EQ(holder.ReadLine(), "claimed");
+    SingleApplicationInstance whileHeld;
+    EXPECT_TRUE(whileHeld.IsAlreadyRunning());
+    holder.Kill();
+    holder.Wait();
+    EXPECT_FALSE(SingleApplicationInstance().IsAlreadyRunning());
+}
+
+TEST_F(IPCTest, SingleInstanceUnusableRuntimeDirectoryLetsTheProcessRun)
+{
+    testsupport::LogCapture log;
+    m_dir.Write("file", "not a directory");
+    Toolkit::PathManager::Instance().SetRuntimeDir(m_dir.Str() + "/file/run");
+    SingleApplicationInstance instance;
+    EXPECT_FALSE(instance.IsAlreadyRunning());
+    EXPECT_EQ(log.Count(L"cannot create runtime directory " + Toolkit::UTF8::ToUNICODE(m_dir.Str())), 1u) << log.Dump();
 }
 
 } // namespace

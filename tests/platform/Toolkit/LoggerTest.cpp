@@ -1,6 +1,6 @@
 #include "Toolkit/ILogger.h"
-
 #include "Toolkit/UTF8.h"
+#include "Toolkit/WxLogForwarder.h"
 
 #include "TestSupport.h"
 
@@ -9,19 +9,9 @@
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
+#include <wx/log.h>
 
 namespace {
-
-TEST(LoggerTest, EntryCarriesSeverityPlaceAndMessage)
-{
-    testsupport::LogCapture log;
-    TK_LOG(Toolkit::LogError) << "cannot open " << std::string("caf\xC3\xA9") << " (" << 42 << ")";
-    const auto entries = log.Entries();
-    ASSERT_EQ(entries.size(), 1u);
-    EXPECT_EQ(entries[0].message, L"cannot open caf\u00E9 (42)");
-    EXPECT_STREQ(entries[0].file, "LoggerTest.cpp") << "the base name, not the build path";
-    EXPECT_NE(Toolkit::ILogger::Format(entries[0]).find(L"LoggerTest.cpp:"), std::wstring::npos);
-}
 
 // The minimum applies before any sink sees the entry.
 TEST(LoggerTest, MinimumSeverityDropsLesserEntriesAndAnUnusableFileIsNoSink)
@@ -30,7 +20,7 @@ TEST(LoggerTest, MinimumSeverityDropsLesserEntriesAndAnUnusableFileIsNoSink)
     auto& logger = Toolkit::ILogger::Instance();
     logger.SetMinimumSeverity(Toolkit::LogError);
     TK_LOG(Toolkit::LogInfo) << "dropped";
-    TK_LOG(Toolkit::LogInfo) << Toolkit::SetSeverity(Toolkit::LogError) << "kept";
+    TK_LOG(Toolkit::LogError) << "kept";
     logger.SetMinimumSeverity(Toolkit::LogInfo);
     EXPECT_FALSE(log.Contains(L"dropped"));
     EXPECT_TRUE(log.Contains(L"kept"));
@@ -40,16 +30,15 @@ TEST(LoggerTest, MinimumSeverityDropsLesserEntriesAndAnUnusableFileIsNoSink)
 }
 
 // Text from input cannot forge an entry or reach the terminal: every sink,
-// the file included, gets one line per entry with controls escaped.
+// the file included, gets one line per entry with controls escaped, placed
+// by the base name of its source file. Narrow text is read as UTF-8.
 TEST(LoggerTest, ControlCharactersInMessagesAreEscapedInEverySink)
 {
     const struct {
         std::wstring input;
         std::wstring logged;
     } cases[] = {
-        {L"name\nE [2026-01-01] forged", L"name\\nE [2026-01-01] forged"},
-        {L"cr\r\n", L"cr\\r\\n"},
-        {L"\x1b[2J\x1b]0;title\x07", L"\\x1b[2J\\x1b]0;title\\x07"},
+        {L"cr\r\nE [2026-01-01] forged", L"cr\\r\\nE [2026-01-01] forged"},
         {std::wstring(L"nul\0del\x7f", 8), L"nul\\x00del\\x7f"},
         {L"c1\x85next\x9b", L"c1\\u0085next\\u009b"},
         {L"line\u2028sep\u202Eevil", L"line\\u2028sep\\u202eevil"},
@@ -62,7 +51,7 @@ TEST(LoggerTest, ControlCharactersInMessagesAreEscapedInEverySink)
     auto fileSink = logger.AddFileSink(path);
     ASSERT_TRUE(fileSink);
     for (const auto& c : cases)
-        TK_LOG(Toolkit::LogError) << "opening " << c.input;
+        TK_LOG(Toolkit::LogError) << std::string("caf\xC3\xA9 ") << c.input;
     logger.RemoveSink(fileSink);
 
     const auto entries = log.Entries();
@@ -70,9 +59,10 @@ TEST(LoggerTest, ControlCharactersInMessagesAreEscapedInEverySink)
     std::ifstream in(path);
     std::string line;
     for (size_t i = 0; i < std::size(cases); ++i) {
-        EXPECT_EQ(entries[i].message, L"opening " + cases[i].logged);
+        EXPECT_EQ(entries[i].message, L"caf\u00E9 " + cases[i].logged);
         ASSERT_TRUE(std::getline(in, line));
-        EXPECT_TRUE(line.ends_with(Toolkit::UTF8::ToUTF8(L": opening " + cases[i].logged))) << line;
+        EXPECT_TRUE(line.ends_with(Toolkit::UTF8::ToUTF8(L": caf\u00E9 " + cases[i].logged))) << line;
+        EXPECT_STREQ(entries[i].file, "LoggerTest.cpp") << "the base name, not the build path";
     }
     EXPECT_FALSE(std::getline(in, line)) << "an entry spread over more than one line";
 }
@@ -111,6 +101,50 @@ TEST(LoggerTest, LogFileIsPrivateAndRotatedAtItsCap)
     EXPECT_TRUE(log.Contains(L"cannot open log file " + Toolkit::UTF8::ToUNICODE(dir.Str()) + L"/fifo.log: "))
         << log.Dump();
     EXPECT_TRUE(log.Contains(L"link.log: Too many levels of symbolic links")) << log.Dump();
+}
+
+// A wx log target that only counts what reaches it.
+class CountingLog : public wxLog {
+public:
+    int records = 0;
+
+protected:
+    void DoLogRecord(wxLogLevel, const wxString&, const wxLogRecordInfo&) override { ++records; }
+};
+
+TEST(WxLogForwarderTest, ForwardsWxMessagesWithTheirSeverity)
+{
+    CountingLog previous;
+    wxLog* original = wxLog::SetActiveTarget(&previous);
+    {
+        testsupport::LogCapture log;
+        Toolkit::WxLogForwarder forwarder;
+        forwarder.Install();
+
+        const struct {
+            void (*emit)();
+            const wchar_t* text;
+            int severity;
+        } cases[] = {
+            {[] { wxLogError("disk %s is full", "A"); }, L"disk A is full", Toolkit::LogError},
+            {[] { wxLogWarning("low signal"); }, L"low signal", Toolkit::LogError},
+            {[] { wxLogMessage(L"caf\u00E9 open"); }, L"caf\u00E9 open", Toolkit::LogInfo},
+        };
+        for (const auto& c : cases) {
+            SCOPED_TRACE(testing::PrintToString(std::wstring(c.text)));
+            log.Clear();
+            c.emit();
+            const auto entries = log.Entries();
+            ASSERT_EQ(entries.size(), 1u) << log.Dump();
+            EXPECT_EQ(entries[0].message, c.text);
+            EXPECT_EQ(entries[0].severity, c.severity);
+        }
+        EXPECT_EQ(previous.records, 0) << "forwarded messages do not also reach the old target";
+
+        forwarder.Uninstall();
+        EXPECT_EQ(wxLog::GetActiveTarget(), &previous);
+    }
+    wxLog::SetActiveTarget(original);
 }
 
 } // namespace

@@ -9,8 +9,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Filter order, ambiguous entries and files that are no plug-in are the
-// plug-in manager tests' part; here the entry's answers and unmapping.
+// Filter order, ambiguous entries and files that are no plug-in (with the
+// loader's messages for them) are the plug-in manager tests' part; here the
+// entry's answers and the library's lifetime, which is the dynamic library's
+// loading, lookup, hand-over (Detach) and unloading.
 TEST(PluginLoaderTest, EntryAnswersAreCheckedAndALibraryStaysMappedWhileAnObjectOfItsCodeLives)
 {
     testsupport::TempDir dir;
