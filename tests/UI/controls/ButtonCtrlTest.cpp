@@ -60,33 +60,17 @@ TEST_F(ButtonCtrlTest, ReleasingOutsideCancelsTheClick)
 
 TEST_F(ButtonCtrlTest, ClicksWithinHalfASecondOfTheLastHandlerReturningAreDropped)
 {
-    struct Case {
-        uint64_t gap;
-        int clicks;
-    };
-    for (const auto& c : {Case{500, 1}, Case{501, 2}}) {
-        testsupport::FakeClock clock(10000);
-        m_clicks = 0;
-        ButtonCtrl* button = Button(">");
-        Mouse(button, wxEVT_ENTER_WINDOW);
-        Click(button);
-        clock.Advance(c.gap);
-        Click(button);
-        EXPECT_EQ(m_clicks, c.clicks) << c.gap << " ms apart";
-        button->Destroy();
-    }
-
-    // The interval starts when the click handler returns.
+    // The interval starts when the click handler returns; a dropped click
+    // does not start it again.
     testsupport::FakeClock clock(10000);
-    m_clicks = 0;
     ButtonCtrl* button = Button(">");
     m_onClick = [&] { clock.Advance(2000); }; // a handler that takes 2 s
     Mouse(button, wxEVT_ENTER_WINDOW);
     Click(button);
-    clock.Advance(300);
+    clock.Advance(500);
     Click(button);
-    EXPECT_EQ(m_clicks, 1) << "300 ms after the handler returned";
-    clock.Advance(300);
+    EXPECT_EQ(m_clicks, 1) << "500 ms after the handler returned";
+    clock.Advance(1);
     Click(button);
     EXPECT_EQ(m_clicks, 2);
 
@@ -99,12 +83,8 @@ TEST_F(ButtonCtrlTest, ClicksWithinHalfASecondOfTheLastHandlerReturningAreDroppe
 
 TEST_F(ButtonCtrlTest, EnabledButtonsShowTheHandExceptSpacers)
 {
-    struct Case {
-        int id;
-        bool enabled;
-        bool hand;
-    };
-    const Case cases[] = {{ID_OK, true, true}, {ID_OK, false, false}, {ID_SPACER, true, false}, {ID_SPACER, false, false}};
+    struct Case { int id; bool enabled; bool hand; };
+    const Case cases[] = {{ID_OK, true, true}, {ID_OK, false, false}, {ID_SPACER, true, false}};
     for (const auto& c : cases) {
         ButtonCtrl* button = Button(c.enabled ? ">" : " enable=\"false\">", c.id);
         button->Enable(!c.enabled);
@@ -136,43 +116,27 @@ TEST_F(ButtonCtrlTest, LabelAreaFollowsThePadding)
 
 TEST_F(ButtonCtrlTest, ImageFollowsDisabledSelectedPressedOverNormal)
 {
-    struct State {
-        bool enabled;
-        bool selected;
-        bool inside;
-        bool pressed;
-    };
     const std::string all = "><Enabled>red.png</Enabled><Disabled>grey.png</Disabled><Over>green.png</Over>"
                             "<Pressed>blue.png</Pressed><Selected>yellow.png</Selected>";
     const std::string noPressed = "><Enabled>red.png</Enabled><Over>green.png</Over>";
     const std::string normalOnly = "><Enabled>red.png</Enabled>";
-    struct Case {
-        const std::string& images;
-        State state;
-        const char* shown;
-    };
+    // state: e(nabled), s(elected), i(nside), p(ressed)
+    struct Case { const std::string& images; std::string state; const char* shown; };
     const Case cases[] = {
-        {all, {true, false, false, false}, "red.png"},
-        {all, {true, false, true, false}, "green.png"},
-        {all, {true, false, true, true}, "blue.png"},
-        {all, {true, true, true, false}, "yellow.png"}, // selected wins over the pointer
-        {all, {false, true, true, false}, "grey.png"},
-        {noPressed, {true, false, true, true}, "green.png"},
-        {normalOnly, {true, false, true, true}, "red.png"},
-        {">", {true, false, true, true}, "none"},
+        {all, "e", "red.png"}, {all, "ei", "green.png"}, {all, "eip", "blue.png"},
+        {all, "esi", "yellow.png"}, // selected wins over the pointer
+        {all, "si", "grey.png"}, {noPressed, "eip", "green.png"}, {normalOnly, "eip", "red.png"}, {">", "eip", "none"},
     };
     for (const auto& c : cases) {
         ButtonCtrl* button = Button(c.images);
-        if (c.state.inside)
+        if (c.state.find('i') != std::string::npos)
             Mouse(button, wxEVT_ENTER_WINDOW);
-        if (c.state.pressed)
+        if (c.state.find('p') != std::string::npos)
             Mouse(button, wxEVT_LEFT_DOWN);
-        button->Select(c.state.selected);
-        button->Enable(c.state.enabled);
+        button->Select(c.state.find('s') != std::string::npos);
+        button->Enable(c.state.find('e') != std::string::npos);
         const wxImage image = Render(wxSize(100, 30), [&](wxDC& dc) { button->DrawCustom(dc); });
-        EXPECT_EQ(SwatchAt(image, 50, 15), c.shown)
-            << c.images << " enabled " << c.state.enabled << " selected " << c.state.selected << " inside "
-            << c.state.inside << " pressed " << c.state.pressed;
+        EXPECT_EQ(SwatchAt(image, 50, 15), c.shown) << c.images << " " << c.state;
         if (button->HasCapture())
             button->ReleaseMouse();
         button->Destroy();
