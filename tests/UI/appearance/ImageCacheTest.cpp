@@ -99,10 +99,8 @@ TEST(ImageCtrlCacheTest, SharedExactlyWhenImageSizeAndMarginsAgree)
     EXPECT_EQ(log.Count(L"Missing image with identifier : ghost.png"), 1u) << "logged once";
 
     images.Add(L"button.png", wxImage(30, 30));
-    struct Request {
-        wxSize size;
-        wxRect margin; // top, left, right, bottom
-    };
+    // margin: top, left, right, bottom
+    struct Request { wxSize size; wxRect margin; };
     const Request requests[] = {
         {{120, 32}, {4, 4, 4, 4}}, {{120, 32}, {4, 4, 4, 5}}, {{120, 32}, {4, 4, 5, 4}}, {{120, 32}, {4, 5, 4, 4}},
         {{120, 32}, {5, 4, 4, 4}}, {{121, 32}, {4, 4, 4, 4}}, {{120, 33}, {4, 4, 4, 4}}, {{32, 120}, {4, 4, 4, 4}},
