@@ -1,3 +1,5 @@
+// Texts the labels show: volumes, speeds, durations and numbers formatted,
+// and labels cut, wrapped or ended with an ellipsis to fit their box.
 #include "../descriptors/DescriptorTestSupport.h"
 
 #include "descriptors/FontDescriptor.h"
@@ -14,10 +16,7 @@ using UIKit::Util;
 
 namespace {
 
-std::vector<TString<wchar_t>> lines(const TString<wchar_t>& text)
-{
-    return text.Split(L"\n");
-}
+std::vector<TString<wchar_t>> lines(const TString<wchar_t>& text) { return text.Split(L"\n"); }
 
 TString<wchar_t> withoutBreaks(TString<wchar_t> text)
 {
@@ -117,15 +116,8 @@ TEST_F(UtilTextTest, AWordWiderThanTheBoxIsCut)
 
 TEST_F(UtilTextTest, MultilineKeepsTheTextsOwnLineBreaks)
 {
-    struct Case {
-        const wchar_t* text;
-        const wchar_t* expected;
-    };
-    const Case cases[] = {
-        {L"one\ntwo", L"one\ntwo"},
-        {L"one\r\ntwo\rthree", L"one\ntwo\nthree"},
-        {L"one\n\ntwo", L"one\n\ntwo"},
-    };
+    struct Case { const wchar_t* text; const wchar_t* expected; };
+    const Case cases[] = {{L"one\r\ntwo\rthree", L"one\ntwo\nthree"}, {L"one\n\ntwo", L"one\n\ntwo"}};
     TString<wchar_t> out;
     for (const auto& c : cases) {
         Util::FormatLabelMultiline(m_dc, wxSize(1000, 20), m_font, c.text, out);
@@ -135,6 +127,54 @@ TEST_F(UtilTextTest, MultilineKeepsTheTextsOwnLineBreaks)
     const wxSize narrow(Width(L"one two") + 3, 20);
     Util::FormatLabelMultiline(m_dc, narrow, m_font, L"one two three\nfour", out);
     EXPECT_EQ(out, L"one two\nthree\nfour");
+}
+
+// Without an appearance the labels read as their keys, which keeps the
+// expected texts readable; the decimal separator is the C locale's ".".
+TEST(UtilFormatTest, VolumesAndSpeedsPickTheirUnitAndRounding)
+{
+    struct Case { uint64_t bytes; const wchar_t* volume; const wchar_t* speed; };
+    const Case cases[] = {
+        {1023, L"1023 LB_VOLUME_B", L"1023 LB_SPEED_B"},
+        {1024, L"1 LB_VOLUME_KB", L"1 LB_SPEED_KB"},
+        {1536, L"2 LB_VOLUME_KB", L"1 LB_SPEED_KB"}, // volume rounds, speed truncates
+        {819199, L"800 LB_VOLUME_KB", L"799 LB_SPEED_KB"},
+        {819200, L"0.78 LB_VOLUME_MB", L"0.78 LB_SPEED_MB"},
+        {838860799, L"799.99 LB_VOLUME_MB", L"799.99 LB_SPEED_MB"},
+        {838860800, L"0.78 LB_VOLUME_GB", L"0.78 LB_SPEED_GB"},
+    };
+    for (const auto& c : cases) {
+        TString<wchar_t> volume;
+        TString<wchar_t> speed;
+        Util::FormatDataVolume(volume, c.bytes);
+        Util::FormatDataSpeed(speed, c.bytes);
+        EXPECT_EQ(volume, c.volume) << c.bytes;
+        EXPECT_EQ(speed, c.speed) << c.bytes;
+    }
+}
+
+TEST(UtilFormatTest, DurationsAndPhoneNumbers)
+{
+    const std::pair<uint64_t, const wchar_t*> durations[] = {
+        {999, L"00:00:00"},
+        {3723000, L"01:02:03"},
+        {(123ull * 3600 + 4 * 60 + 5) * 1000, L"123:04:05"},
+    };
+    for (const auto& [ms, text] : durations) {
+        TString<wchar_t> out;
+        Util::FormatDuration(out, ms);
+        EXPECT_EQ(out, text) << ms;
+    }
+    const std::pair<const wchar_t*, const wchar_t*> numbers[] = {
+        {L"123456789", L"123456789"},
+        {L"0123456789", L"012-345-6789"},
+        {L"+x0123456789", L"+x-012-345-6789"},
+    };
+    for (const auto& [number, text] : numbers) {
+        TString<wchar_t> out;
+        Util::FormatMsisdn(out, number);
+        EXPECT_EQ(out, text) << number;
+    }
 }
 
 } // namespace
