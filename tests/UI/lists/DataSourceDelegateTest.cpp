@@ -1,22 +1,16 @@
 // The defaults of data sources and delegates: selection bookkeeping, the row
-// template, multi-selection, and the pending-changes report to the dashboard;
-// the row events their dispatchers copy to every listener.
+// template, multi-selection, and the pending-changes report to the dashboard.
+// (Row events reach lists through the listener list: its own tests and the
+// list's row-event test cover their delivery and copies.)
 #include "../descriptors/DescriptorTestSupport.h"
 #include "../frames/TestDashboard.h"
 #include "TestSupport.h"
 #include "app/App.h"
-#include "lists/DataAdapterDataEvent.h"
-#include "lists/DataAdapterEvent.h"
-#include "lists/EventDispatcher.h"
 #include "lists/ListCtrlDataSource.h"
 #include "lists/ListCtrlDelegate.h"
 
 #include <gtest/gtest.h>
 
-#include <wx/app.h>
-#include <wx/frame.h>
-
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -99,76 +93,6 @@ TEST(IDelegate, FlushAndRollbackReportPendingChangesToTheDashboard)
     UIKit::App::m_pDashboard = nullptr;
     EXPECT_EQ(dashboard->reports, (std::vector<std::wstring>{L"12:profiles", L"-1:profiles"}));
     dashboard->Destroy();
-}
-
-
-using UIKit::DataAdapterEvent;
-
-// A row event sent through a dispatcher reaches each listener as its own
-// copy, with every field of the command event and the row.
-TEST(DataAdapterDataEvent, DispatchedCopiesKeepEveryField)
-{
-    int clientData = 0;
-    UIKit::DataAdapterDataEvent event(DataAdapterEvent::EVT_DATA_UPDATE, 42, 7);
-    event.SetInt(3);
-    event.SetExtraLong(-9);
-    event.SetString("name");
-    event.SetClientData(&clientData);
-
-    std::vector<std::string> received;
-    wxEvtHandler first, second;
-    for (wxEvtHandler* handler : {&first, &second})
-        handler->Bind(wxEventTypeTag<wxCommandEvent>(DataAdapterEvent::EVT_DATA_UPDATE), [&](wxCommandEvent& e) {
-            auto* row = dynamic_cast<UIKit::DataAdapterDataEvent*>(&e);
-            ASSERT_NE(row, nullptr) << "the copy lost its class";
-            std::unique_ptr<UIKit::DataAdapterDataEvent> copy(static_cast<UIKit::DataAdapterDataEvent*>(row->Clone()));
-            received.push_back(std::to_string(copy->GetEventType() == DataAdapterEvent::EVT_DATA_UPDATE) + " " +
-                               std::to_string(copy->GetId()) + " " + std::to_string(copy->GetRow()) + " " +
-                               std::to_string(copy->GetInt()) + " " + std::to_string(copy->GetExtraLong()) + " " +
-                               copy->GetString().ToStdString() + " " + std::to_string(copy->GetClientData() == &clientData));
-        });
-    UIKit::EventDispatcher dispatcher;
-    dispatcher.AddListener(&first);
-    dispatcher.AddListener(&second);
-    dispatcher.DispatchEvent(event);
-    event.SetRow(99);
-    EXPECT_TRUE(received.empty()) << "nothing is delivered synchronously";
-    wxTheApp->ProcessPendingEvents();
-    EXPECT_EQ(received, std::vector<std::string>(2, "1 42 7 3 -9 name 1"));
-}
-
-// A window that listens to a delegate, as lists do, and leaves it when it
-// is destroyed.
-class ListeningWindow : public wxWindow {
-public:
-    ListeningWindow(wxWindow* parent, UIKit::EventDispatcher& dispatcher, int& received)
-        : wxWindow(parent, wxID_ANY), m_dispatcher(dispatcher)
-    {
-        Bind(wxEventTypeTag<wxCommandEvent>(DataAdapterEvent::EVT_DATA_ADD), [&received](wxCommandEvent&) { ++received; });
-        m_dispatcher.AddListener(this);
-    }
-    ~ListeningWindow() override { m_dispatcher.RemoveListener(this); }
-
-private:
-    UIKit::EventDispatcher& m_dispatcher;
-};
-
-TEST(EventDispatcher, WindowDestroyedWithEventsQueuedReceivesNothing)
-{
-    UIKit::EventDispatcher dispatcher;
-    auto* frame = new wxFrame(nullptr, wxID_ANY, "lists");
-    int kept = 0, gone = 0;
-    new ListeningWindow(frame, dispatcher, kept);
-    auto* leaving = new ListeningWindow(frame, dispatcher, gone);
-    UIKit::DataAdapterDataEvent event(DataAdapterEvent::EVT_DATA_ADD, 0, 1);
-    dispatcher.DispatchEvent(event);
-    delete leaving;
-    dispatcher.DispatchEvent(event);
-    wxTheApp->ProcessPendingEvents();
-    EXPECT_EQ(std::to_string(kept) + " " + std::to_string(gone) + " " + std::to_string(dispatcher.GetListenerCount()), "2 0 1");
-    // The listeners go before the dispatcher they leave.
-    frame->DestroyChildren();
-    frame->Destroy();
 }
 
 } // namespace liststest

@@ -50,10 +50,6 @@ SettingItem::Ptr leaf(const wchar_t* label, const wchar_t* page)
     return SettingItem::Ptr(new SettingItem(label, SettingItem::c_strRowTemplate, page));
 }
 
-struct Dashboard : frametest::TestDashboard {
-    Dashboard() { m_pControlPlaceholder = new PanelCtrl(this, wxID_ANY, wxRect(0, 0, 300, 300)); }
-};
-
 class SettingsTest : public descriptortest::FactoryFixture {
 protected:
     void SetUp() override
@@ -70,7 +66,7 @@ protected:
         for (auto create : {&ScreenManager::CreateInstance, &HotkeysManager::CreateInstance,
                             &MainSettingsController::CreateInstance})
             create();
-        IDashboard::s_pCurrent = m_dashboard = new Dashboard();
+        IDashboard::s_pCurrent = m_dashboard = new frametest::TestDashboard();
         m_controller = MainSettingsController::Instance();
         m_controller->LoadSettingItems({{L"Leaf", leaf(L"Leaf", SettingItem::c_strPageTemplate)},
                                         {L"Plain", leaf(L"Plain", SettingItem::c_strPageTemplate)},
@@ -119,7 +115,7 @@ protected:
     testsupport::TempDir m_home;
     descriptortest::FakeResources m_resources;
     descriptortest::Document m_templates{c_templates};
-    Dashboard* m_dashboard = nullptr;
+    frametest::TestDashboard* m_dashboard = nullptr;
     Toolkit::smart_ptr<MainSettingsController> m_controller;
     SettingRootScreen* m_screen = nullptr;
 };

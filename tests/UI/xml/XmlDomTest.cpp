@@ -1,3 +1,6 @@
+// The reader's tree: names, paths, document types, malformed documents read
+// as far as they go with each problem told once, depth, lines, the kept
+// regression inputs; and trees built, changed, copied and written.
 #include "TestSupport.h"
 #include "XmlTestTree.h"
 
@@ -187,29 +190,9 @@ TEST(XmlDomTest, DocumentsAreReadAsFarAsTheyGoAndEachProblemToldOnce)
     }
 }
 
-TEST(XmlDomTest, DeepNestingNeedsNoCallStack)
-{
-    // As deep as the reader keeps; deeper elements are skipped (next test).
-    const size_t levels = XmlParser::kMaxDepth;
-    std::string deep, unclosed;
-    for (size_t i = 0; i < levels; ++i)
-        deep = "<Control>" + deep + "</Control>", unclosed += i % 2 ? "<b>" : "<a>";
-    deep.insert(levels * 9, "x");
-    for (const bool lazy : {false, true}) {
-        std::string counts;
-        // A recursive parse would need far more than this stack.
-        runWithStack(256 * 1024, [&] {
-            auto tree = Parse(deep, lazy);
-            XML_NODE* e = tree.get();
-            while (XML_NODE* child = node_find_first(e, nullptr))
-                e = child;
-            counts = std::to_string(xmltest::CountElements(tree.get())) + " " + node_value(e) + " " +
-                     std::to_string(xmltest::CountElements(Parse(unclosed, lazy).get()));
-        });
-        EXPECT_EQ(counts, std::to_string(levels) + " x " + std::to_string(levels)) << "lazy " << lazy;
-    }
-}
-
+// Elements nested past the reader's depth limit are skipped whole with one
+// report on the line of the first one left out; the rest of the document
+// is still read, eagerly or lazily, and no nesting needs the call stack.
 TEST(XmlDomTest, ElementsPastTheDepthLimitAreSkippedWithOneReportAndTheRestIsKept)
 {
     const size_t limit = XmlParser::kMaxDepth;
@@ -228,21 +211,24 @@ TEST(XmlDomTest, ElementsPastTheDepthLimitAreSkippedWithOneReportAndTheRestIsKep
         });
         return std::make_pair(levels, errors);
     };
-    for (const bool lazy : {false, true}) {
-        SCOPED_TRACE(lazy ? "lazy" : "eager");
-        std::string closes;
-        for (size_t i = 0; i < limit; ++i)
-            closes += "</e>";
-        const std::string after = "\n<after/></root>";
-        EXPECT_EQ(parse(limit - 1, closes.substr(4) + after, lazy), std::make_pair(std::to_string(limit) + " after", std::vector<std::string>{}));
-        EXPECT_EQ(parse(limit, closes + after, lazy), std::make_pair(std::to_string(limit) + " after", std::vector<std::string>{report}));
-        // Skipped elements that never close end the document without a crash.
-        for (const std::string tail : {"<e/><e/></e>", "<e", "</e></e></e></e>", "<!-- open", "<![CDATA[ open"}) {
-            const auto [levels, errors] = parse(limit + 10, tail, lazy);
-            EXPECT_EQ(levels, std::to_string(limit)) << tail;
-            EXPECT_FALSE(errors.empty()) << tail;
+    std::string closes;
+    for (size_t i = 0; i < limit; ++i)
+        closes += "</e>";
+    const std::string after = "\n<after/></root>";
+    // A recursive parse of a nest as deep as the limit would need far more than this stack.
+    runWithStack(256 * 1024, [&] {
+        for (const bool lazy : {false, true}) {
+            SCOPED_TRACE(lazy ? "lazy" : "eager");
+            EXPECT_EQ(parse(limit - 1, closes.substr(4) + after, lazy), std::make_pair(std::to_string(limit) + " after", std::vector<std::string>{}));
+            EXPECT_EQ(parse(limit, closes + after, lazy), std::make_pair(std::to_string(limit) + " after", std::vector<std::string>{report}));
+            // Skipped elements that never close end the document without a crash.
+            for (const std::string tail : {"<e/><e/></e>", "<e", "</e></e></e></e>", "<!-- open", "<![CDATA[ open"}) {
+                const auto [levels, errors] = parse(limit + 10, tail, lazy);
+                EXPECT_EQ(levels, std::to_string(limit)) << tail;
+                EXPECT_FALSE(errors.empty()) << tail;
+            }
         }
-    }
+    });
 }
 
 TEST(XmlDomTest, ElementsKnowTheLineOfTheirStartTag)
