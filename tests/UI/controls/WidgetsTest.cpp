@@ -51,10 +51,8 @@ TEST_F(StatesBoxTest, StateImageAndLabelPlacement)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        const std::string bounds = "0,0," + std::to_string(c.size.x) + "," + std::to_string(c.size.y);
-        auto* box = new StatesBoxCtrl(m_frame, wxID_ANY, wxRect(c.size));
-        ASSERT_TRUE(Load(box, Describe<StatesBoxCtrlDescriptor>("<Control bounds=\"" + bounds + "\"" + c.padding + "><StateImage " +
-                                                               c.image + "/><Label>Hi</Label></Control>")));
+        auto* box = Build<StatesBoxCtrl, StatesBoxCtrlDescriptor>("<Control bounds=\"0,0," + std::to_string(c.size.x) + "," +
+                                                                  std::to_string(c.size.y) + "\"" + c.padding + "><StateImage " + c.image + "/><Label>Hi</Label></Control>");
         EXPECT_EQ(box->GetStateImagePosition(), c.at);
         EXPECT_EQ(box->GetFittedLabelArea(), c.label);
         box->Destroy();
@@ -69,10 +67,9 @@ TEST_F(StatesBoxTest, StateImageAndLabelPlacement)
 TEST_F(StatesBoxTest, PaintsTheImageOfItsState)
 {
     for (const bool withUnknown : {true, false}) {
-        auto* box = new StatesBoxCtrl(m_frame, wxID_ANY, wxRect(0, 0, 100, 20));
-        Load(box, Describe<StatesBoxCtrlDescriptor>(std::string(R"(<Control bounds="0,0,100,20"><Enabled>grey.png</Enabled>
+        auto* box = Build<StatesBoxCtrl, StatesBoxCtrlDescriptor>(std::string(R"(<Control bounds="0,0,100,20"><Enabled>grey.png</Enabled>
             <StateImage size="8,8" margin="2,0,0,0"><ImageActive>green.png</ImageActive><ImageInactive>red.png</ImageInactive>)") +
-                                                    (withUnknown ? "<ImageUnknown>blue.png</ImageUnknown>" : "") + "</StateImage></Control>"));
+                                                    (withUnknown ? "<ImageUnknown>blue.png</ImageUnknown>" : "") + "</StateImage></Control>");
         for (const auto& [state, swatch] : {std::pair{0, "green.png"}, {1, "red.png"}, {2, "blue.png"}, {7, "blue.png"}}) {
             box->m_state = state;
             const wxImage image = controltest::Render(wxSize(100, 20), [box](wxDC& dc) { box->DrawCustom(dc); });
@@ -89,8 +86,7 @@ public:
     VScrollBar* Scroll(const wxRect& ctrlBounds, const std::string& barBounds, const std::string& thumb)
     {
         m_ctrl = new VScrollCtrl(m_frame, wxID_ANY, ctrlBounds);
-        auto* bar = new VScrollBar(m_ctrl, wxID_ANY, Describe<BaseCtrlDescriptor>("<Control bounds=\"" + barBounds + "\"/>")->GetBounds());
-        Load(bar, Describe<VScrollBarDescriptor>("<Control name=\"VScrollBar\" bounds=\"" + barBounds + "\">" + thumb + "</Control>"));
+        auto* bar = Build<VScrollBar, VScrollBarDescriptor>("<Control name=\"VScrollBar\" bounds=\"" + barBounds + "\">" + thumb + "</Control>", m_ctrl);
         Load(m_ctrl, Describe<VScrollCtrlDescriptor>("<Control/>"));
         bar->Bind(wxEVT_SCROLL_CHANGED, [this](wxScrollEvent& e) { m_events.push_back(e.GetPosition()); });
         return bar;

@@ -1,3 +1,6 @@
+// The factory: generators by class name, controls built in order with their
+// ids, templates of the requested kind, the template registry, the path from
+// the pack to a control tree, and the depth limit on nested controls.
 #include "../descriptors/DescriptorTestSupport.h"
 
 #include "TestSupport.h"

@@ -1,7 +1,8 @@
 // The list against its data source and delegate: row events in any order
-// around a fill, filtering, sorting and selection, clicks, and what it
-// paints while it scrolls; the row controls: sort and filter strings,
-// indicators, the checked row's state, and an expanding row in its list.
+// around a fill, filtering, sorting and selection, clicks, and scrolling;
+// the row controls: sort and filter strings, indicators, the checked row's
+// state, and an expanding row in its list; the data sources' and
+// delegates' own bookkeeping.
 #include "../frames/TestDashboard.h"
 #include "ListTestSupport.h"
 
