@@ -81,11 +81,9 @@ TEST_F(ControlTest, EnteringAChildCountsAsEnteringEveryEnclosingControl)
     auto* button = new CountingPanel(inner, wxRect(5, 5, 20, 20));
 
     controltest::Mouse(outer, wxEVT_ENTER_WINDOW);
-    EXPECT_TRUE(outer->IsInside());
     outer->redraws = 0;
     controltest::Mouse(button, wxEVT_ENTER_WINDOW);
-    EXPECT_TRUE(button->IsInside());
-    EXPECT_TRUE(inner->IsInside());
+    EXPECT_TRUE(button->IsInside() && inner->IsInside());
     EXPECT_EQ(outer->enters, 2) << "the panel's enter handler runs again";
     EXPECT_EQ(outer->redraws, 0) << "but the panel was already inside";
     EXPECT_TRUE(outer->IsChildrenInside());
