@@ -88,8 +88,7 @@ private:
 
 class AppearanceTest : public testing::Test {
 protected:
-    AppearanceTest()
-        : m_appearancesEnv("UIKIT_APPEARANCES_DIR", Appearances().string()),
+    AppearanceTest() : m_appearancesEnv("UIKIT_APPEARANCES_DIR", Appearances().string()),
           m_configEnv("UIKIT_CONFIG_DIR", (m_temp.Path() / "config").string()),
           m_locale(std::setlocale(LC_ALL, nullptr))
     {

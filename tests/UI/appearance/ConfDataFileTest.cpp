@@ -7,21 +7,14 @@ using Names = std::vector<TString<wchar_t>>;
 
 namespace {
 
-const std::string c_bundles = "[Bundle.Core]\nGipDep=Dashboard,Settings\n"
-                              "[Bundle.Sms]\nGipDep=SmsEditor\n"
-                              "[Bundle.Contacts]\nGipDep=Contacts, Settings\n"
-                              "[Bundle.Lite]\nGipDep=LiteDash\n";
+const std::string c_bundles = "[Bundle.Core]\nGipDep=Dashboard,Settings\n" "[Bundle.Sms]\nGipDep=SmsEditor\n"
+                              "[Bundle.Contacts]\nGipDep=Contacts, Settings\n" "[Bundle.Lite]\nGipDep=LiteDash\n";
 
 } // namespace
 
 TEST(ConfDataFileTest, FilterListFollowsTheMainBundleAndItsPlugs)
 {
-    struct Case {
-        const char* name;
-        std::string ini;
-        std::wstring selector;
-        Names expected;
-    };
+    struct Case { const char* name; std::string ini; std::wstring selector; Names expected; };
     const Case cases[] = {
         {"entry then plugs, duplicates kept", "[MainBundle]\nEntry=Core\nPlugs=Sms,Contacts\n" + c_bundles, L"",
          {L"Dashboard", L"Settings", L"SmsEditor", L"Contacts", L"Settings"}},

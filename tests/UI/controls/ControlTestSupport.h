@@ -6,6 +6,8 @@
 
 #include "TestSupport.h"
 
+#include "controls/StandardControls.h"
+
 #include <gtest/gtest.h>
 
 #include <wx/dcmemory.h>
@@ -16,10 +18,7 @@
 
 namespace controltest {
 
-struct Swatch {
-    const char* file;
-    wxColour colour;
-};
+struct Swatch { const char* file; wxColour colour; };
 
 // The pack's images, 8 x 8 each.
 inline const Swatch c_swatches[] = {
@@ -97,9 +96,40 @@ protected:
         return control->LoadDescriptor(descriptor);
     }
 
+    // A control of class C on the parent (the frame by default) built as the
+    // factory would: its bounds from the description, the pack's resources.
+    template <class C, class D>
+    C* Build(const std::string& xml, wxWindow* parent = nullptr, int id = wxID_ANY)
+    {
+        const auto descriptor = Describe<D>(xml);
+        auto* control = new C(parent ? parent : m_frame, id, descriptor->GetBounds());
+        Load(control, descriptor);
+        return control;
+    }
+
     descriptortest::FakeResources m_resources;
     wxFrame* m_frame = nullptr;
     std::vector<std::unique_ptr<descriptortest::Document>> m_documents;
+};
+
+// Builds its controls with a fresh factory and template registry holding
+// the standard controls and the pack's resources.
+class FactoryTest : public SkinnedTest {
+protected:
+    void SetUp() override
+    {
+        SkinnedTest::SetUp();
+        UIKit::RegisterStandardControls(Factory());
+        Factory().SetResources(&m_resources);
+    }
+    static UIKit::CtrlFactory& Factory() { return *UIKit::CtrlFactory::Instance(); }
+    Toolkit::smart_ptr<UIKit::BaseCtrlDescriptor> Parse(const std::string& xml)
+    {
+        m_documents.push_back(std::make_unique<descriptortest::Document>(xml, &m_resources));
+        return Factory().CreateDescriptor(m_documents.back()->Root());
+    }
+
+    descriptortest::FreshFactory m_factory;
 };
 
 } // namespace controltest

@@ -85,13 +85,7 @@ TEST_F(DescriptorTest, ChildrenAndTemplatesKeepOrderAndSkipUnknownClasses)
 
 TEST_F(DescriptorTest, FontRulesForFaceSizeWeightAndColours)
 {
-    struct Case {
-        const char* font;
-        const wchar_t* face;
-        int points;
-        wxFontWeight weight;
-        wxFontStyle style;
-    };
+    struct Case { const char* font; const wchar_t* face; int points; wxFontWeight weight; wxFontStyle style; };
     const Case cases[] = {
         {R"(<Font name="Tavro Standard Light" ptsize="12"/>)", L"Sans", 10, wxFONTWEIGHT_NORMAL, wxFONTSTYLE_NORMAL},
         {R"(<Font name="Serif" ptsize="12" weight="BOLD" style="ITALIC"/>)", L"Serif", 11, wxFONTWEIGHT_BOLD,

@@ -89,22 +89,26 @@ private:
     UIKit::XMLLoader m_loader;
 };
 
-// Gives each test a fresh factory and template registry, and a frame when asked.
-class FactoryFixture : public testing::Test {
-protected:
-    void SetUp() override
+// A fresh factory and template registry for the lifetime of the object.
+struct FreshFactory {
+    FreshFactory()
     {
         UIKit::CtrlFactory::ReleaseInstance();
         UIKit::TemplateManager::ReleaseInstance();
         UIKit::CtrlFactory::CreateInstance();
         UIKit::TemplateManager::CreateInstance();
     }
-    void TearDown() override
+    ~FreshFactory()
     {
-        delete m_frame;
         UIKit::TemplateManager::ReleaseInstance();
         UIKit::CtrlFactory::ReleaseInstance();
     }
+};
+
+// Gives each test a fresh factory and template registry, and a frame when asked.
+class FactoryFixture : public testing::Test {
+protected:
+    void TearDown() override { delete m_frame; }
     UIKit::CtrlFactory& Factory() { return *UIKit::CtrlFactory::Instance(); }
     // A top window to build controls in, made on first use.
     wxFrame* Frame()
@@ -115,6 +119,7 @@ protected:
     }
 
 private:
+    FreshFactory m_factory;
     wxFrame* m_frame = nullptr;
 };
 

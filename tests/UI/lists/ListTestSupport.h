@@ -5,7 +5,6 @@
 // source of labelled rows.
 #include "../controls/ControlTestSupport.h"
 
-#include "controls/StandardControls.h"
 #include "descriptors/TemplateManager.h"
 #include "factory/CtrlFactory.h"
 #include "lists/ListControls.h"
@@ -45,36 +44,18 @@ inline const char* const c_list = R"(<Control class="ListCtrl" name="List" bound
     </Control>
   </Control>)";
 
-class ListTest : public controltest::SkinnedTest {
+class ListTest : public controltest::FactoryTest {
 protected:
     void SetUp() override
     {
-        SkinnedTest::SetUp();
-        UIKit::CtrlFactory::ReleaseInstance();
-        UIKit::TemplateManager::ReleaseInstance();
-        UIKit::CtrlFactory::CreateInstance();
-        UIKit::TemplateManager::CreateInstance();
-        auto factory = UIKit::CtrlFactory::Instance();
-        UIKit::RegisterStandardControls(*factory);
-        UIKit::RegisterListControls(*factory);
-        factory->SetResources(&m_resources);
+        FactoryTest::SetUp();
+        UIKit::RegisterListControls(Factory());
         UIKit::TemplateManager::Instance()->Add(Parse(c_itemTemplate));
-    }
-    void TearDown() override
-    {
-        SkinnedTest::TearDown();
-        UIKit::TemplateManager::ReleaseInstance();
-        UIKit::CtrlFactory::ReleaseInstance();
-    }
-    Toolkit::smart_ptr<UIKit::BaseCtrlDescriptor> Parse(const std::string& xml)
-    {
-        m_documents.push_back(std::make_unique<descriptortest::Document>(xml, &m_resources));
-        return UIKit::CtrlFactory::Instance()->CreateDescriptor(m_documents.back()->Root());
     }
     template <class T = UIKit::ListCtrl>
     T* Make(const std::string& xml = c_list)
     {
-        return dynamic_cast<T*>(UIKit::CtrlFactory::Instance()->CreateControl(Parse(xml), m_frame, -1));
+        return dynamic_cast<T*>(Factory().CreateControl(Parse(xml), m_frame, -1));
     }
     static void Pump() { wxTheApp->ProcessPendingEvents(); }
     // The shown rows' sort strings in display order, space separated.

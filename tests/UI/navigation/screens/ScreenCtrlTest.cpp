@@ -1,19 +1,35 @@
 // Screens: built once by name, standard buttons and keys, the keyboard, and
-// the worker screen's job, progress panel and end.
+// the worker screen's job, progress panel and end; the screen state that
+// shows a screen for the navigation, and an event row whose transition is
+// missing, reported against its file and line.
 #include "../../descriptors/DescriptorTestSupport.h"
 #include "../../frames/TestDashboard.h"
+#include "ErrorCapture.h"
+#include "TestSupport.h"
+
 #include "controls/EditTextCtrl.h"
 #include "controls/StandardControls.h"
 #include "descriptors/ScreenDescriptor.h"
 #include "factory/ControlIds.h"
 #include "factory/CtrlGenerator.h"
+#include "navigation/EventManager.h"
+#include "navigation/PreviousSequenceParameter.h"
 #include "navigation/ScreenCtrl.h"
 #include "navigation/ScreenManager.h"
+#include "navigation/ScreenTransition.h"
+#include "navigation/SequenceManager.h"
+#include "navigation/TransitionManager.h"
 #include "util/Util.h"
+#include "xml/XMLLoader.h"
+#include "xml/XMLNode.h"
+
+#include <gtest/gtest.h>
 
 #include <wx/app.h>
 
+#include <string>
 #include <thread>
+#include <vector>
 
 using namespace UIKit;
 
@@ -47,10 +63,6 @@ public:
     Toolkit::EventObject gate{true, false};
 };
 
-struct Dashboard : frametest::TestDashboard {
-    Dashboard() { m_pControlPlaceholder = new PanelCtrl(this, wxID_ANY, wxRect(0, 0, 200, 150)); }
-};
-
 class ScreenTest : public descriptortest::FactoryFixture {
 protected:
     void SetUp() override
@@ -60,7 +72,7 @@ protected:
         for (const wchar_t* name : {L"TestScreen", L"Home", L"Later"})
             Factory().AddGenerator(name, CtrlGenerator<ScreenDescriptor, TestScreen>::Make());
         ScreenManager::CreateInstance();
-        IDashboard::s_pCurrent = m_dashboard = new Dashboard();
+        IDashboard::s_pCurrent = m_dashboard = new frametest::TestDashboard();
         g_journal.clear();
     }
     void TearDown() override
@@ -87,24 +99,21 @@ protected:
     {
         return Util::RecursiveFindControl(screen, TString<wchar_t>(wxString(name).ToStdWstring()));
     }
-    Dashboard* m_dashboard = nullptr;
+    frametest::TestDashboard* m_dashboard = nullptr;
 };
 
 TEST_F(ScreenTest, ManagerBuildsOnceAndRetriesFailures)
 {
     AddTemplate("Home");
-    AddTemplate("PanelCtrl");
     ScreenManager& screens = *ScreenManager::Instance();
     ScreenCtrl* home = screens.Get(L"Home");
     ASSERT_NE(home, nullptr);
     EXPECT_EQ(screens.Get(L"Home"), home);
-    EXPECT_EQ(screens.Get(L"PanelCtrl"), nullptr) << "a template that is not a screen";
-    descriptortest::ErrorCapture errors;
+    descriptortest::ErrorCapture errors; // the report is the factory test's
     EXPECT_EQ(screens.Get(L"Later"), nullptr);
     AddTemplate("Later");
     EXPECT_NE(screens.Get(L"Later"), nullptr) << "a failed build is not remembered";
     EXPECT_EQ(m_dashboard->GetControlPlaceholder()->GetChildren().size(), 2u) << "each screen built once";
-    EXPECT_EQ(errors.Lines(), std::vector<std::string>{"undefined template 'Later'"});
 }
 
 // Controls: O(K) in panel P, C(ancel), S(kip). Setup: hide, disable or
@@ -112,12 +121,7 @@ TEST_F(ScreenTest, ManagerBuildsOnceAndRetriesFailures)
 // 3), sent through its button when there is one.
 TEST_F(ScreenTest, StandardButtonsAndKeys)
 {
-    struct Case {
-        const char* setup;
-        wxEventType key;
-        int click;
-        std::vector<std::string> journal;
-    };
+    struct Case { const char* setup; wxEventType key; int click; std::vector<std::string> journal; };
     const wxEventType enter = PanelCtrl::EVT_KEYPRESSED_ENTER;
     const Case cases[] = {
         {"", enter, 0, {"flush"}}, {"hO", enter, 0, {}}, {"hP", enter, 0, {}}, {"dO", enter, 0, {}},
@@ -151,13 +155,10 @@ TEST_F(ScreenTest, StandardButtonsAndKeys)
 // which is left to the hot keys); the stop focused after and the journal.
 TEST_F(ScreenTest, KeyboardMovesFocusAndPressesButtons)
 {
-    struct Case {
-        const char *setup, *focused, *keys, *after;
-        std::vector<std::string> journal;
-    };
+    struct Case { const char *setup, *focused, *keys, *after; std::vector<std::string> journal; };
     const Case cases[] = {
         {"", "-", "t", "A", {}},          {"", "A", "t", "S", {}},         {"", "B", "t", "A", {}},
-        {"", "A", "T", "B", {}},          {"hP", "A", "t", "O", {}},       {"dO", "S", "tt", "C", {}},
+        {"", "A", "T", "B", {}},          {"hP", "A", "t", "O", {}},
         {"", "A", "e", "A", {"flush"}},   {"", "S", "e", "S", {"event:8022"}},
         {"dO", "A", "e", "A", {"event:8038"}}, {"dOdN", "A", "e", "A", {}},
         {"", "O", "x", "O", {"rollback"}}, {"hC", "A", "x", "A", {"event:8017"}}, {"", "A", "3", "A", {}},
@@ -212,6 +213,85 @@ TEST_F(ScreenTest, WorkerJobRunsOnceAndEndsWithEditDisabled)
     EXPECT_TRUE(Named(screen, "O")->IsEnabled());
     EXPECT_FALSE(Named(screen, "E")->IsEnabled());
     EXPECT_TRUE(!Named(screen, "P")->IsShown() && Named(screen, "List")->IsShown());
+}
+
+// The navigation's glue to the rest of the library: a screen state asks the
+// dashboard for its screen only when its sequence is on show, with the
+// slide the navigation asked for, and its transition hands out the same
+// state every time; an event row whose transition nobody registered is
+// reported once, against the item file and line it came from.
+class RecordingDashboard : public frametest::TestDashboard {
+public:
+    bool ShowScreen(const TString<wchar_t>& name, UIKit::Animation animation, int, int) override
+    {
+        shown.push_back(std::string(name.begin(), name.end()) + " " + std::to_string(int(animation)));
+        return answer;
+    }
+    std::vector<std::string> shown;
+    bool answer = true;
+};
+
+TEST(ScreenStateTest, ShowsItsScreenOnlyWhenVisibleWithTheAskedSlide)
+{
+    const Toolkit::smart_ptr<UIKit::IStateParameter> none;
+    const Toolkit::smart_ptr<UIKit::IStateParameter> back(new UIKit::PreviousSequenceParameter(UIKit::AnimationSlideRight));
+    // shown: the screen the dashboard was asked for and the slide, or empty
+    struct Case { const char* what; bool visible; Toolkit::smart_ptr<UIKit::IStateParameter> parameter; bool answer; std::string shown; };
+    const Case cases[] = {
+        {"visible", true, none, true, "HomeScreen " + std::to_string(UIKit::AnimationSlideLeft)},
+        {"hidden sequence", false, none, true, ""},
+        {"back from another sequence", true, back, true, "HomeScreen " + std::to_string(UIKit::AnimationSlideRight)},
+        {"dashboard cannot show it", true, none, false, "HomeScreen " + std::to_string(UIKit::AnimationSlideLeft)},
+    };
+    for (const auto& c : cases) {
+        auto* dashboard = new RecordingDashboard();
+        dashboard->answer = c.answer;
+        UIKit::IDashboard::s_pCurrent = dashboard;
+        UIKit::ScreenState state(L"Home", L"HomeMain", L"HomeScreen", UIKit::AnimationSlideLeft);
+        EXPECT_EQ(state.Activate(c.visible, c.parameter), c.answer) << c.what;
+        EXPECT_EQ(dashboard->shown, c.shown.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.shown}) << c.what;
+        UIKit::IDashboard::s_pCurrent = nullptr;
+        dashboard->Destroy();
+    }
+    UIKit::ScreenState orphan(L"Home", L"HomeMain", L"HomeScreen");
+    EXPECT_FALSE(orphan.Activate(true, none)) << "no dashboard";
+}
+
+TEST(ScreenStateTest, TransitionHandsOutItsOneState)
+{
+    auto transition = UIKit::ScreenTransition::Make(L"Usage", L"UsageMain", L"UsageScreen");
+    auto first = transition->DoTransition();
+    ASSERT_FALSE(first.IsNull());
+    EXPECT_EQ(first.get(), transition->DoTransition().get());
+    EXPECT_EQ(first.DynamicCast<UIKit::ScreenState>()->GetScreenName(), L"UsageScreen");
+}
+
+TEST(EventRowErrorTest, UnknownTransitionIsReportedAgainstItsFileAndLine)
+{
+    UIKit::EventManager::CreateInstance();
+    UIKit::TransitionManager::CreateInstance();
+    UIKit::SequenceManager::CreateInstance();
+    testsupport::TempDir dir;
+    const auto path = dir.Write("items.xml", "<Plugin>\n" "  <Events sequence=\"RowErrors\">\n"
+                                             "    <Event state=\"S\" id=\"ID_SKIP\" sequence=\"Elsewhere\"\n"
+                                             "           transition=\"TNowhere\"/>\n" "  </Events>\n" "</Plugin>\n");
+    UIKit::XMLLoader loader;
+    ASSERT_TRUE(loader.LoadFromFile(path.string()));
+    std::vector<Toolkit::smart_ptr<UIKit::XMLNode>> events;
+    UIKit::XMLLoader(loader.GetRootNode()).GetNodes(events, "Events");
+    ASSERT_EQ(events.size(), 1u);
+    UIKit::EventManager::Instance()->Load(events[0]);
+
+    testsupport::ErrorCapture errors;
+    const auto sequences = UIKit::SequenceManager::Instance();
+    const auto before = sequences->GetCurrentSequence();
+    EXPECT_FALSE(sequences->DoEvent(L"RowErrors", L"S", 8022, {}));
+    ASSERT_EQ(errors.Lines().size(), 1u);
+    EXPECT_NE(errors.Lines()[0].find("items.xml:3: Transition [TNowhere] not found!"), std::string::npos) << errors.Lines()[0];
+    EXPECT_EQ(sequences->GetCurrentSequence(), before);
+    UIKit::SequenceManager::ReleaseInstance();
+    UIKit::TransitionManager::ReleaseInstance();
+    UIKit::EventManager::ReleaseInstance();
 }
 
 } // namespace screentest
