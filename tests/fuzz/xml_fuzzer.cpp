@@ -40,7 +40,8 @@ size_t walk(XML_NODE* top)
         for (uint32_t i = 0; i < element->attributes.count; ++i)
             sum += touch(node_attribute(element, element->attributes.items[i].name));
         sum += touch(node_attribute(element, "CLASS"));
-        for (XML_NODE* child = node_find_first(element, nullptr); child; child = node_find_next(element, nullptr, child))
+        for (XML_NODE* child = node_find_first(element, nullptr); child;
+             child = node_find_next(element, nullptr, child))
             stack.push_back(child);
     }
     return sum;

@@ -37,7 +37,8 @@ int main(int argc, char** argv)
     const std::string mode = argv[1];
 
     if (mode == "send" && argc == 6)
-        return Toolkit::IPCClient::Connect(Toolkit::UTF8::ToUNICODE(argv[4]), Toolkit::UTF8::ToUNICODE(argv[5])) ? 0 : 1;
+        return Toolkit::IPCClient::Connect(Toolkit::UTF8::ToUNICODE(argv[4]), Toolkit::UTF8::ToUNICODE(argv[5])) ? 0
+                                                                                                                 : 1;
 
     if (mode == "claim" && argc == 4)
         return Toolkit::SingleApplicationInstance().IsAlreadyRunning() ? 3 : 0;

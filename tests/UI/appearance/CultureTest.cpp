@@ -123,7 +123,9 @@ TEST_F(AppearanceTest, ChosenCultureLoadsItsParentOnceThenItsOwnStrings)
         ASSERT_TRUE(appearance.Init(L"", c.requested)) << "a pack without a usable culture still loads";
         TString<wchar_t> name;
         appearance.GetCurrentCultureName(name);
-        EXPECT_EQ(name + L"|" + appearance.GetStr(TString<char>("LB_A")) + L"|" + appearance.GetStr(TString<char>("LB_B")), c.chosen);
+        EXPECT_EQ(name + L"|" + appearance.GetStr(TString<char>("LB_A")) + L"|" +
+                      appearance.GetStr(TString<char>("LB_B")),
+                  c.chosen);
         EXPECT_EQ(errors.Lines().size(), c.reports) << std::string(c.requested.begin(), c.requested.end());
     }
 
@@ -223,10 +225,11 @@ TEST_F(AppearanceTest, StringsLookupsOfMissingEmptyAndAddedKeys)
 
 TEST_F(AppearanceTest, LanguageFilesWithBrokenLinesLoadTheRestAndNameFileAndLine)
 {
-    WritePack("p.ar", {{"strings.en/a.rc", appearancetest::LanguageFile("en", "English", {"LB_ONE \"one\"", "broken line",
-                                                                          "LB_TWO \"two\""})},
-                       {"strings.en/b.rc", "LB_TWO \"two from b\"\r\n\"no key\"\n"},
-                       {"strings.en/noextension", "LB_THREE \"never read\"\n"}});
+    WritePack("p.ar",
+              {{"strings.en/a.rc",
+                appearancetest::LanguageFile("en", "English", {"LB_ONE \"one\"", "broken line", "LB_TWO \"two\""})},
+               {"strings.en/b.rc", "LB_TWO \"two from b\"\r\n\"no key\"\n"},
+               {"strings.en/noextension", "LB_THREE \"never read\"\n"}});
     appearancetest::ErrorCapture errors;
     ASSERT_TRUE(m_appearance->Init(L"", L"en"));
     EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_ONE")), L"one");

@@ -145,7 +145,8 @@ TEST_F(AppearanceTest, PackSelectionSortsNamesAndTheLastMatchWins)
         WritePack(name, {{"strings.en/main.rc", "LB_A \"a\"\n"}});
     // fallback: logged as a fallback to the first pack
     struct Case { std::wstring option; int index; bool fallback; };
-    const Case cases[] = {{L"", 0, false}, {L"DARK", 3, false}, {L"a", 0, false}, {L"nothing", 0, true}, {L"dark.ar", 0, true}};
+    const Case cases[] = {
+        {L"", 0, false}, {L"DARK", 3, false}, {L"a", 0, false}, {L"nothing", 0, true}, {L"dark.ar", 0, true}};
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.option.begin(), c.option.end()));
         UIKit::Appearance appearance;
@@ -153,7 +154,8 @@ TEST_F(AppearanceTest, PackSelectionSortsNamesAndTheLastMatchWins)
         ASSERT_TRUE(appearance.Init(c.option, L""));
         EXPECT_EQ(appearance.GetPackList(), (Names{L"A.ar", L"Dark.ar", L"b.ar", L"dark.ar"}));
         EXPECT_EQ(appearance.GetCurrentPackIndex(), c.index);
-        EXPECT_EQ(log.Count(L"No appearance pack is named <" + c.option + L">: using <A.ar> instead"), c.fallback ? 1u : 0u);
+        EXPECT_EQ(log.Count(L"No appearance pack is named <" + c.option + L">: using <A.ar> instead"),
+                  c.fallback ? 1u : 0u);
     }
 
     // The command-line options are Init()'s defaults.
@@ -202,9 +204,9 @@ TEST_F(AppearanceTest, PacksThatCannotBeUsedAreReportedOnce)
 TEST_F(AppearanceTest, EntriesImagesAndLinesPastTheirLimitsAreRefusedAndReported)
 {
     const Files files{
-        {"strings.en/main.rc", appearancetest::LanguageFile("en", "English", {"LB_OK \"ok\"",
-                                                                              "LB_LONG \"" + std::string(120, 'x') + "\"",
-                                                                              "LB_AFTER \"after\""})},
+        {"strings.en/main.rc",
+         appearancetest::LanguageFile(
+             "en", "English", {"LB_OK \"ok\"", "LB_LONG \"" + std::string(120, 'x') + "\"", "LB_AFTER \"after\""})},
         {"dashboard.xml", "<Control>" + std::string(5000, ' ') + "</Control>"}, // inflates past the limit
         {"small.xml", "<Control/>"},
         {"graphics/huge.png", pngClaiming(26000, 26000)},
@@ -251,7 +253,8 @@ TEST_F(AppearanceTest, PacksThatCannotBeOpenedAreSkippedForTheNextOne)
     const ScopedLimits scoped(limits);
     // Both sort before default.ar: a name that is not UTF-8, and a zip pack past the entry limit.
     appearancetest::WriteDirPack(Appearances() / "a\xff\xfe.ar", {{"x/", ""}});
-    appearancetest::WriteZipPack(Appearances() / "abc.ar", {{"strings.en/a.rc", c_english}, {"b", ""}, {"c", ""}, {"d", ""}});
+    appearancetest::WriteZipPack(Appearances() / "abc.ar",
+                                 {{"strings.en/a.rc", c_english}, {"b", ""}, {"c", ""}, {"d", ""}});
     WritePack("default.ar", {{"strings.en/main.rc", c_english}});
     ErrorCapture errors;
     LogCapture log;
@@ -260,7 +263,8 @@ TEST_F(AppearanceTest, PacksThatCannotBeOpenedAreSkippedForTheNextOne)
     EXPECT_EQ(m_appearance->GetStr(TString<char>("LB_OK")), L"ok");
     EXPECT_EQ(log.Count(L"cannot be used: trying <"), 2u) << log.Dump();
     ASSERT_EQ(errors.Lines().size(), 1u);
-    EXPECT_NE(errors.Lines()[0].find("pack holds 4 files, more than 3, the limit for one pack: not used"), std::string::npos)
+    EXPECT_NE(errors.Lines()[0].find("pack holds 4 files, more than 3, the limit for one pack: not used"),
+              std::string::npos)
         << errors.Lines()[0];
 }
 
@@ -284,7 +288,8 @@ TEST_F(AppearanceTest, DirectoryPackReadsNothingOutsideItselfNorFromSpecialFiles
     m_appearance->UseCulture(m_appearance->FindCultureByName(L"de"));
     EXPECT_FALSE(m_appearance->IsStrExist(TString<char>("LB_SECRET"))) << "nor through a linked folder";
     // Each culture's files are read twice: for its native name, then its strings.
-    EXPECT_EQ(log.Count(L"<strings.en/out.rc> of the pack <" + pack.wstring() + L"> leads outside the pack: not read"), 2u);
+    EXPECT_EQ(log.Count(L"<strings.en/out.rc> of the pack <" + pack.wstring() + L"> leads outside the pack: not read"),
+              2u);
     EXPECT_EQ(log.Count(L"<strings.de> of the pack <" + pack.wstring() + L"> leads outside the pack: not read"), 2u);
     EXPECT_EQ(log.Count(L"secret"), 0u) << "nothing of the outside file is logged";
     EXPECT_TRUE(errors.Lines().empty());
@@ -292,7 +297,8 @@ TEST_F(AppearanceTest, DirectoryPackReadsNothingOutsideItselfNorFromSpecialFiles
     // Special files are not listed as language files, nor opened when asked for.
     const auto direct = UIKit::IPack::Open(pack.wstring());
     std::vector<unsigned char> bytes;
-    for (const wchar_t* name : {L"strings.en/fifo.rc", L"strings.en/zero.rc", L"strings.en/out.rc", L"strings.de/secret.rc"})
+    for (const wchar_t* name :
+         {L"strings.en/fifo.rc", L"strings.en/zero.rc", L"strings.en/out.rc", L"strings.de/secret.rc"})
         EXPECT_FALSE(direct->ReadEntry(name, bytes)) << std::wstring(name);
 }
 

@@ -214,11 +214,13 @@ TEST_F(TextCtrlTest, TheNativeBoxLeavesTheSkinVisibleAroundIt)
 {
     const std::string margin = R"(<Enabled margin="2,3,5,7">red.png</Enabled>)";
     // An explicit padding wins over the image's margins.
-    const std::tuple<std::string, std::string, wxRect> cases[] = {
-        {"", "", wxRect(4, 4, 112, 16)}, {"", margin, wxRect(3, 2, 112, 15)}, {R"( padding="1,2,3,4")", margin, wxRect(1, 2, 116, 18)}};
+    const std::tuple<std::string, std::string, wxRect> cases[] = {{"", "", wxRect(4, 4, 112, 16)},
+                                                                  {"", margin, wxRect(3, 2, 112, 15)},
+                                                                  {R"( padding="1,2,3,4")", margin,
+                                                                   wxRect(1, 2, 116, 18)}};
     for (const auto& [padding, images, box] : cases) {
-        auto descriptor = Describe<EditTextCtrlDescriptor>(R"(<Control class="EditTextCtrl" bounds="0,0,120,24")" + padding + ">" +
-                                                           images + "</Control>");
+        auto descriptor = Describe<EditTextCtrlDescriptor>(R"(<Control class="EditTextCtrl" bounds="0,0,120,24")" +
+                                                           padding + ">" + images + "</Control>");
         EXPECT_EQ(EditTextCtrl::TextBoxArea(wxSize(120, 24), *descriptor), box) << padding << images;
     }
 }
@@ -237,7 +239,8 @@ TEST_F(TextCtrlTest, ReturnBecomesTheEnterEventAndIsNotTyped)
 {
     auto* edit = Build<EditTextCtrl, EditTextCtrlDescriptor>(c_edit);
     std::vector<wxEventType> posted;
-    for (const wxEventType type : {PanelCtrl::EVT_KEYPRESSED_ENTER, PanelCtrl::EVT_KEYDOWN, PanelCtrl::EVT_KEYPRESSED_TAB})
+    for (const wxEventType type :
+         {PanelCtrl::EVT_KEYPRESSED_ENTER, PanelCtrl::EVT_KEYDOWN, PanelCtrl::EVT_KEYPRESSED_TAB})
         edit->Bind(wxEventTypeTag<wxCommandEvent>(type), [&](wxCommandEvent& e) {
             EXPECT_EQ(e.GetEventObject(), edit);
             posted.push_back(e.GetEventType());
@@ -259,7 +262,8 @@ TEST_F(TextCtrlTest, ReturnBecomesTheEnterEventAndIsNotTyped)
         key.SetControlDown(c.ctrl);
         // A key the box does not handle is skipped on to its default processing
         // (the native insertion); one it handles is consumed.
-        EXPECT_EQ(!edit->GetTextBox()->GetEventHandler()->ProcessEvent(key), c.passedToTheBox) << c.code << " ctrl " << c.ctrl;
+        EXPECT_EQ(!edit->GetTextBox()->GetEventHandler()->ProcessEvent(key), c.passedToTheBox)
+            << c.code << " ctrl " << c.ctrl;
         EXPECT_TRUE(testsupport::ProcessEventsUntil([&] { return !posted.empty(); }));
         EXPECT_EQ(posted, std::vector<wxEventType>{c.posted}) << c.code << " ctrl " << c.ctrl;
     }

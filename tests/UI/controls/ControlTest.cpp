@@ -123,7 +123,8 @@ TEST_F(ControlTest, InvalidationReachesTheWholeSubtree)
     auto* child = new ClearCtrl(root, wxRect(0, 0, 20, 20));
     auto* grandchild = new ClearCtrl(child, wxRect(0, 0, 10, 10));
     const auto cornerOfGrandchild = [&] {
-        return PixelAt(Render(wxSize(10, 10), [&](wxDC& dc) { grandchild->DrawBitmap(dc, wxRect(0, 0, 10, 10)); }), 2, 2);
+        return PixelAt(Render(wxSize(10, 10), [&](wxDC& dc) { grandchild->DrawBitmap(dc, wxRect(0, 0, 10, 10)); }), 2,
+                       2);
     };
     EXPECT_EQ(cornerOfGrandchild(), *wxBLUE);
 
@@ -148,11 +149,13 @@ TEST_F(ControlTest, PanelShowsDisabledThenSelectedThenNormalImage)
         {"<BackgroundImage>cyan.png</BackgroundImage><Enabled>yellow.png</Enabled>", true, false, "cyan.png"},
     };
     for (const auto& c : cases) {
-        auto* panel = Build<PanelCtrl, PanelCtrlDescriptor>(R"(<Control class="PanelCtrl" bounds="0,0,20,20">)" + c.images + "</Control>");
+        auto* panel = Build<PanelCtrl, PanelCtrlDescriptor>(R"(<Control class="PanelCtrl" bounds="0,0,20,20">)" +
+                                                            c.images + "</Control>");
         panel->Enable(c.enabled);
         panel->Select(c.selected);
         const wxImage image = Render(wxSize(20, 20), [&](wxDC& dc) { panel->DrawCustom(dc); });
-        EXPECT_EQ(SwatchAt(image, 10, 10), c.shown) << c.images << " enabled " << c.enabled << " selected " << c.selected;
+        EXPECT_EQ(SwatchAt(image, 10, 10), c.shown)
+            << c.images << " enabled " << c.enabled << " selected " << c.selected;
         panel->Destroy();
     }
 }

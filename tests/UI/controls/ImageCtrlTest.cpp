@@ -45,7 +45,8 @@ wxImage reference(const wxImage& source, int tw, int th, int m)
 bool samePixels(const wxImage& a, const wxImage& b)
 {
     const size_t pixels = size_t(a.GetWidth()) * size_t(a.GetHeight());
-    return a.GetSize() == b.GetSize() && a.HasAlpha() == b.HasAlpha() && std::memcmp(a.GetData(), b.GetData(), pixels * 3) == 0 &&
+    return a.GetSize() == b.GetSize() && a.HasAlpha() == b.HasAlpha() &&
+           std::memcmp(a.GetData(), b.GetData(), pixels * 3) == 0 &&
            (!a.HasAlpha() || std::memcmp(a.GetAlpha(), b.GetAlpha(), pixels) == 0);
 }
 
@@ -64,7 +65,8 @@ TEST(ImageCtrlTest, NineSliceKeepsCornersStretchesEdgesOneWayAndTheCentreBothWay
         ImageCtrl ctrl(source, c.asked, 10, 10, 10, 10);
         const wxImage image = ctrl.RenderImage(c.asked);
         EXPECT_EQ(image.GetSize(), c.rendered);
-        EXPECT_TRUE(samePixels(image, reference(source, c.rendered.x, c.rendered.y, 10))) << "an opaque source renders opaque";
+        EXPECT_TRUE(samePixels(image, reference(source, c.rendered.x, c.rendered.y, 10)))
+            << "an opaque source renders opaque";
     }
 }
 
@@ -121,7 +123,8 @@ TEST(ImageCtrlTest, AlphaAndMaskCarryIntoTheRendering)
     // rendering has alpha) holds the same pixels, transparent ones included.
     const wxImage opaqueNoAlpha = nineSliceImage();
     struct Case { const wxImage* source; unsigned int margin; wxSize size; };
-    const Case cases[] = {{&withAlpha, 10, {400, 300}}, {&opaqueNoAlpha, 15, {40, 40}}}; // the second has empty middle bands
+    const Case cases[] = {{&withAlpha, 10, {400, 300}},
+                          {&opaqueNoAlpha, 15, {40, 40}}}; // the second has empty middle bands
     for (const auto& c : cases) {
         SCOPED_TRACE(std::to_string(c.size.x) + "x" + std::to_string(c.size.y));
         ImageCtrl ctrl(*c.source, c.size, c.margin, c.margin, c.margin, c.margin);

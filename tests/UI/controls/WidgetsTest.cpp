@@ -46,13 +46,15 @@ TEST_F(StatesBoxTest, StateImageAndLabelPlacement)
         {"left", {200, 30}, R"(size="16,16" margin="4,0,4,0")", "", {4, 7}, {24, 0, 200, 30}},
         {"right", {200, 30}, R"(size="16,16" margin="4,0,4,0" placement="MiddleRight")", "", {176, 7}, {0, 0, 200, 30}},
         {"odd heights truncate", {200, 31}, R"(size="16,15" margin="4,0,4,0")", "", {4, 8}, {24, 0, 200, 31}},
-        {"top margin moves down, bottom does not", {200, 30}, R"(size="16,16" margin="4,3,4,9")", "", {4, 10}, {24, 0, 200, 30}},
+        {"top margin moves down, bottom does not", {200, 30}, R"(size="16,16" margin="4,3,4,9")", "", {4, 10},
+         {24, 0, 200, 30}},
         {"padding", {200, 30}, R"(size="16,16" margin="4,0,4,0")", R"( padding="10,5,10,5")", {4, 7}, {34, 5, 180, 20}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        auto* box = Build<StatesBoxCtrl, StatesBoxCtrlDescriptor>("<Control bounds=\"0,0," + std::to_string(c.size.x) + "," +
-                                                                  std::to_string(c.size.y) + "\"" + c.padding + "><StateImage " + c.image + "/><Label>Hi</Label></Control>");
+        auto* box = Build<StatesBoxCtrl, StatesBoxCtrlDescriptor>(
+            "<Control bounds=\"0,0," + std::to_string(c.size.x) + "," + std::to_string(c.size.y) + "\"" + c.padding +
+            "><StateImage " + c.image + "/><Label>Hi</Label></Control>");
         EXPECT_EQ(box->GetStateImagePosition(), c.at);
         EXPECT_EQ(box->GetFittedLabelArea(), c.label);
         box->Destroy();
@@ -67,14 +69,18 @@ TEST_F(StatesBoxTest, StateImageAndLabelPlacement)
 TEST_F(StatesBoxTest, PaintsTheImageOfItsState)
 {
     for (const bool withUnknown : {true, false}) {
-        auto* box = Build<StatesBoxCtrl, StatesBoxCtrlDescriptor>(std::string(R"(<Control bounds="0,0,100,20"><Enabled>grey.png</Enabled>
+        auto* box = Build<StatesBoxCtrl, StatesBoxCtrlDescriptor>(
+            std::string(R"(<Control bounds="0,0,100,20"><Enabled>grey.png</Enabled>
             <StateImage size="8,8" margin="2,0,0,0"><ImageActive>green.png</ImageActive><ImageInactive>red.png</ImageInactive>)") +
-                                                    (withUnknown ? "<ImageUnknown>blue.png</ImageUnknown>" : "") + "</StateImage></Control>");
-        for (const auto& [state, swatch] : {std::pair{0, "green.png"}, {1, "red.png"}, {2, "blue.png"}, {7, "blue.png"}}) {
+            (withUnknown ? "<ImageUnknown>blue.png</ImageUnknown>" : "") + "</StateImage></Control>");
+        for (const auto& [state, swatch] :
+             {std::pair{0, "green.png"}, {1, "red.png"}, {2, "blue.png"}, {7, "blue.png"}}) {
             box->m_state = state;
             const wxImage image = controltest::Render(wxSize(100, 20), [box](wxDC& dc) { box->DrawCustom(dc); });
             // The state image, then the background beside it.
-            EXPECT_EQ(SwatchAt(image, 4, 10) + " " + SwatchAt(image, 50, 10), std::string(withUnknown || state < 2 ? swatch : "grey.png") + " grey.png") << state;
+            EXPECT_EQ(SwatchAt(image, 4, 10) + " " + SwatchAt(image, 50, 10),
+                      std::string(withUnknown || state < 2 ? swatch : "grey.png") + " grey.png")
+                << state;
         }
         box->Destroy();
     }
@@ -86,7 +92,9 @@ public:
     VScrollBar* Scroll(const wxRect& ctrlBounds, const std::string& barBounds, const std::string& thumb)
     {
         m_ctrl = new VScrollCtrl(m_frame, wxID_ANY, ctrlBounds);
-        auto* bar = Build<VScrollBar, VScrollBarDescriptor>("<Control name=\"VScrollBar\" bounds=\"" + barBounds + "\">" + thumb + "</Control>", m_ctrl);
+        auto* bar = Build<VScrollBar, VScrollBarDescriptor>("<Control name=\"VScrollBar\" bounds=\"" + barBounds +
+                                                                "\">" + thumb + "</Control>",
+                                                            m_ctrl);
         Load(m_ctrl, Describe<VScrollCtrlDescriptor>("<Control/>"));
         bar->Bind(wxEVT_SCROLL_CHANGED, [this](wxScrollEvent& e) { m_events.push_back(e.GetPosition()); });
         return bar;
@@ -108,8 +116,18 @@ public:
 TEST_F(ScrollTest, ThumbFollowsRangeAndClampsAtBothEnds)
 {
     using Op = std::function<void(ScrollTest&, VScrollBar&)>;
-    auto click = [](int y) { return Op([y](ScrollTest&, VScrollBar& b) { auto e = Mouse(wxEVT_LEFT_DOWN, y); b.OnLeftClick(e); }); };
-    auto wheel = [](int r) { return Op([r](ScrollTest& t, VScrollBar&) { auto e = Mouse(wxEVT_MOUSEWHEEL, 0, r); t.m_ctrl->OnMouseWheel(e); }); };
+    auto click = [](int y) {
+        return Op([y](ScrollTest&, VScrollBar& b) {
+            auto e = Mouse(wxEVT_LEFT_DOWN, y);
+            b.OnLeftClick(e);
+        });
+    };
+    auto wheel = [](int r) {
+        return Op([r](ScrollTest& t, VScrollBar&) {
+            auto e = Mouse(wxEVT_MOUSEWHEEL, 0, r);
+            t.m_ctrl->OnMouseWheel(e);
+        });
+    };
     auto setPos = [](double p) { return Op([p](ScrollTest&, VScrollBar& b) { b.SetPos(p); }); };
     const Op drag = [](ScrollTest&, VScrollBar& b) {
         auto press = Mouse(wxEVT_LEFT_DOWN, 10), move = Mouse(wxEVT_MOTION, 35), release = Mouse(wxEVT_LEFT_UP, 35);
@@ -121,15 +139,22 @@ TEST_F(ScrollTest, ThumbFollowsRangeAndClampsAtBothEnds)
         {"a big wheel turn is still one step", 0, wheel(-960), 10, {50}},
         {"wheel up at the top", 0, wheel(120), 0, {}},
         {"wheel down at the bottom resends", 160, wheel(-120), 160, {800}},
-        {"up button", 30, [](ScrollTest& t, VScrollBar&) { wxCommandEvent up(wxEVT_BUTTON, ID_UP); t.m_ctrl->ProcessWindowEvent(up); }, 20, {100}},
+        {"up button", 30, [](ScrollTest& t, VScrollBar&) {
+             wxCommandEvent up(wxEVT_BUTTON, ID_UP);
+             t.m_ctrl->ProcessWindowEvent(up);
+         },
+         20,
+         {100}},
         {"click in the track centres the thumb", 0, click(100), 80, {400}},
         {"click near the bottom clamps", 0, click(199), 160, {800}},
         {"drag the thumb by 25", 0, drag, 25, {125}},
         {"to bottom", 0, [](ScrollTest&, VScrollBar& b) { b.SetVScrollBarToBottom(); }, 160, {800}},
         {"negative at the top does nothing", 0, setPos(-5), 0, {}},
         {"negative from 30 goes to the top", 30, setPos(-5), 0, {0}},
-        {"larger content keeps the first step", 30, [](ScrollTest&, VScrollBar& b) { b.SetScroll(3000, 20, 200), b.OnDown(); }, 30 + 50 / 15.0, {500}},
-        {"shrunk content pulls the thumb up", 160, [](ScrollTest&, VScrollBar& b) { b.SetScroll(600, 12, 200); }, 134, {402}},
+        {"larger content keeps the first step", 30,
+         [](ScrollTest&, VScrollBar& b) { b.SetScroll(3000, 20, 200), b.OnDown(); }, 30 + 50 / 15.0, {500}},
+        {"shrunk content pulls the thumb up", 160, [](ScrollTest&, VScrollBar& b) { b.SetScroll(600, 12, 200); }, 134,
+         {402}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -144,7 +169,8 @@ TEST_F(ScrollTest, ThumbFollowsRangeAndClampsAtBothEnds)
         const wxImage image = controltest::Render(wxSize(10, 200), [bar](wxDC& dc) { bar->DrawCustom(dc); });
         const int top = int(c.thumb), bottom = top + bar->GetThumbRect().height;
         // The thumb's first and last rows, and a row just outside it.
-        EXPECT_EQ(SwatchAt(image, 5, top) + " " + SwatchAt(image, 5, bottom - 1) + " " + SwatchAt(image, 5, top > 0 ? top - 1 : bottom),
+        EXPECT_EQ(SwatchAt(image, 5, top) + " " + SwatchAt(image, 5, bottom - 1) + " " +
+                      SwatchAt(image, 5, top > 0 ? top - 1 : bottom),
                   "red.png red.png none");
         m_ctrl->Destroy();
     }
@@ -194,7 +220,14 @@ protected:
 TEST_F(ToolbarTest, SpacersShareTheFreeWidth)
 {
     // `hidden`: id of a button hidden with ShowItem, or 0.
-    struct Case { const char* what; int width, side, top; std::string items; int hidden; std::vector<int> xs; int spacer; };
+    struct Case {
+        const char* what;
+        int width, side, top;
+        std::string items;
+        int hidden;
+        std::vector<int> xs;
+        int spacer;
+    };
     const Case cases[] = {
         {"two spacers", 300, 10, 3, "BSBSB", 0, {10, 50, 130, 170, 250}, 80},
         {"hidden button keeps its place", 300, 10, 0, "BSBSB", ID_SETTINGS, {10, 50, 130, 150, 250}, 100},
@@ -208,7 +241,8 @@ TEST_F(ToolbarTest, SpacersShareTheFreeWidth)
         EXPECT_EQ(bar->ShowItem(c.hidden, false), c.hidden != 0);
         // Laid out three times by now: the skin's y plus the top padding, without drifting.
         for (size_t i = 0; i < c.items.size(); ++i)
-            EXPECT_EQ(bar->GetItems()[i]->GetRect(), wxRect(c.xs[i], 5 + c.top, c.items[i] == 'S' ? c.spacer : 40, 20)) << i;
+            EXPECT_EQ(bar->GetItems()[i]->GetRect(), wxRect(c.xs[i], 5 + c.top, c.items[i] == 'S' ? c.spacer : 40, 20))
+                << i;
         bar->Destroy();
     }
 }
@@ -250,11 +284,14 @@ TEST_F(ToolbarTest, ItemOperationsByIdAndPushedButton)
     for (ButtonCtrl* item : bar->GetItems()) {
         const int id = item->GetId();
         ids.push_back(id);
-        item->Bind(wxEventTypeTag<wxCommandEvent>(ToolBar::EVT_PUSH_BUTTON), [&told, id](wxCommandEvent&) { told.push_back("push " + std::to_string(id)); });
-        item->Bind(wxEventTypeTag<wxCommandEvent>(ToolBar::EVT_RAISE_BUTTON), [&told, id](wxCommandEvent&) { told.push_back("raise " + std::to_string(id)); });
+        item->Bind(wxEventTypeTag<wxCommandEvent>(ToolBar::EVT_PUSH_BUTTON),
+                   [&told, id](wxCommandEvent&) { told.push_back("push " + std::to_string(id)); });
+        item->Bind(wxEventTypeTag<wxCommandEvent>(ToolBar::EVT_RAISE_BUTTON),
+                   [&told, id](wxCommandEvent&) { told.push_back("raise " + std::to_string(id)); });
     }
     EXPECT_EQ(ids, (std::vector<int>{ID_HOME, ID_PREV2_STATE, ID_SETTINGS, ID_NEXT_STATE}));
-    for (auto [id, raise] : {std::pair{ID_HOME, true}, {ID_SETTINGS, true}, {ID_SETTINGS, true}, {ID_NEXT_STATE, false}})
+    for (auto [id, raise] :
+         {std::pair{ID_HOME, true}, {ID_SETTINGS, true}, {ID_SETTINGS, true}, {ID_NEXT_STATE, false}})
         bar->PushButton(id, raise);
     wxTheApp->ProcessPendingEvents();
     EXPECT_EQ(told, (std::vector<std::string>{"push 8003", "raise 8003", "push 8004", "push 8007"}));
@@ -279,7 +316,8 @@ class AnimatedProgressTest : public controltest::SkinnedTest {
 protected:
     ProgressBarCtrl* Bar(const std::string& bounds, const std::string& inner)
     {
-        return Build<ProgressBarCtrl, ProgressBarCtrlDescriptor>("<Control bounds=\"" + bounds + "\"" + inner + "</Control>");
+        return Build<ProgressBarCtrl, ProgressBarCtrlDescriptor>("<Control bounds=\"" + bounds + "\"" + inner +
+                                                                 "</Control>");
     }
     template <class C>
     static std::string Shown(C* control)
@@ -300,12 +338,15 @@ TEST_F(AnimatedProgressTest, AnimationShowsTheFrameOfEachTickAndStopsOnTheLastUn
     const Case cases[] = {{"no", 3, 3, true}, {"no", 4, 3, false}, {"yes", 4, 0, true}};
     for (const auto& c : cases) {
         auto* animation = Build<AnimatedCtrl, AnimatedCtrlDescriptor>(
-            std::string(R"(<Control bounds="0,0,10,8"><Images>strip.png</Images><FrameDelay>50</FrameDelay><Repeat>)") + c.repeat + "</Repeat></Control>");
+            std::string(R"(<Control bounds="0,0,10,8"><Images>strip.png</Images><FrameDelay>50</FrameDelay><Repeat>)") +
+            c.repeat + "</Repeat></Control>");
         animation->Start(0);
         for (int i = 0; i < c.ticks; ++i)
             animation->Tick();
-        EXPECT_EQ(std::to_string(animation->GetFrame()) + " " + Shown(animation) + (animation->IsRunning() ? " running" : ""),
-                  std::to_string(c.frame) + " " + c_frameColours[c.frame] + (c.running ? " running" : "")) << c.repeat << " after " << c.ticks;
+        EXPECT_EQ(std::to_string(animation->GetFrame()) + " " + Shown(animation) +
+                      (animation->IsRunning() ? " running" : ""),
+                  std::to_string(c.frame) + " " + c_frameColours[c.frame] + (c.running ? " running" : ""))
+            << c.repeat << " after " << c.ticks;
         animation->Destroy();
     }
 }
@@ -338,20 +379,25 @@ TEST_F(AnimatedProgressTest, BarFillsValueOverMaximumOfTheInnerWidth)
     struct Case { long long value; int width; };
     const Case cases[] = {{100, 30}, {-5, 30}, {1000, 90}};
     for (const auto& c : cases) {
-        ProgressBarCtrl* bar = Bar("0,0,100,12", R"( padding="5,2,5,2"><BackgroundImage>grey.png</BackgroundImage><ProgressImage>green.png</ProgressImage>)");
+        ProgressBarCtrl* bar = Bar(
+            "0,0,100,12",
+            R"( padding="5,2,5,2"><BackgroundImage>grey.png</BackgroundImage><ProgressImage>green.png</ProgressImage>)");
         bar->SetValues(100, c.value, 300);
         EXPECT_EQ(bar->GetBarWidth(), c.width) << c.value;
         const wxImage shown = Render(bar->GetSize(), [&](wxDC& dc) { bar->DrawCustom(dc); });
         // The last filled column, the first empty one, and the padding, which shows the background.
-        EXPECT_EQ(SwatchAt(shown, 5 + c.width - 1, 6) + " " + SwatchAt(shown, 5 + c.width, 6) + " " + SwatchAt(shown, 2, 1),
-                  "green.png grey.png grey.png") << c.value;
+        EXPECT_EQ(SwatchAt(shown, 5 + c.width - 1, 6) + " " + SwatchAt(shown, 5 + c.width, 6) + " " +
+                      SwatchAt(shown, 2, 1),
+                  "green.png grey.png grey.png")
+            << c.value;
         bar->Destroy();
     }
 }
 
 TEST_F(AnimatedProgressTest, BarRangeAndValueAreKeptConsistent)
 {
-    ProgressBarCtrl* bar = Bar("0,0,100,8", "><BackgroundImage>grey.png</BackgroundImage><ProgressImage>green.png</ProgressImage>");
+    ProgressBarCtrl* bar =
+        Bar("0,0,100,8", "><BackgroundImage>grey.png</BackgroundImage><ProgressImage>green.png</ProgressImage>");
     struct Step { long long minimum, value, maximum; long long wantMinimum, wantValue, wantMaximum; int width; };
     const Step steps[] = {
         {100, 50, 0, 0, 50, 100, 50},   // reversed bounds are swapped
@@ -391,7 +437,8 @@ protected:
         const char* const months[] = {"January", "February", "March",     "April",   "May",      "June",
                                       "July",    "August",   "September", "October", "November", "December"};
         for (int m = 0; m < 12; ++m)
-            m_resources.strings["LB_MONTH_F" + std::to_string(m + 1)] = TString<wchar_t>(wxString(months[m]).ToStdWstring());
+            m_resources.strings["LB_MONTH_F" + std::to_string(m + 1)] =
+                TString<wchar_t>(wxString(months[m]).ToStdWstring());
     }
 
     template <class C, class D>
@@ -402,11 +449,13 @@ protected:
     // A picker with its label and buttons, counting its change events.
     MonthPickerCtrl* Picker()
     {
-        auto* picker = Build<MonthPickerCtrl, PanelCtrlDescriptor>(R"(<Control class="MonthPickerCtrl" bounds="0,0,200,20"/>)");
+        auto* picker =
+            Build<MonthPickerCtrl, PanelCtrlDescriptor>(R"(<Control class="MonthPickerCtrl" bounds="0,0,200,20"/>)");
         Child<StaticTextCtrl, StaticTextCtrlDescriptor>(picker, wxID_ANY, "StaticTextCtrl", "DateTimeLbl");
         Child<ButtonCtrl, ButtonCtrlDescriptor>(picker, ID_UP, "ButtonCtrl", "Up");
         Child<ButtonCtrl, ButtonCtrlDescriptor>(picker, ID_DOWN, "ButtonCtrl", "Down");
-        picker->Bind(wxEventTypeTag<wxCommandEvent>(MonthPickerCtrl::EVT_MONTH_CHANGED), [this](wxCommandEvent&) { ++m_changes; });
+        picker->Bind(wxEventTypeTag<wxCommandEvent>(MonthPickerCtrl::EVT_MONTH_CHANGED),
+                     [this](wxCommandEvent&) { ++m_changes; });
         return picker;
     }
     NumericUpDownCtrl* UpDown(bool complete = true)
@@ -416,8 +465,10 @@ protected:
         Child<ButtonCtrl, ButtonCtrlDescriptor>(updown, ID_UP, "ButtonCtrl", "Up");
         if (complete)
             m_text = Child<EditTextCtrl, EditTextCtrlDescriptor>(updown, wxID_ANY, "EditTextCtrl", "Value");
-        m_loaded = Load(updown, Describe<PanelCtrlDescriptor>(R"(<Control class="NumericUpDownCtrl" bounds="0,0,100,20"/>)"));
-        updown->Bind(wxEventTypeTag<wxCommandEvent>(NumericUpDownCtrl::EVT_VALUE_CHANGED), [this](wxCommandEvent&) { ++m_changes; });
+        m_loaded =
+            Load(updown, Describe<PanelCtrlDescriptor>(R"(<Control class="NumericUpDownCtrl" bounds="0,0,100,20"/>)"));
+        updown->Bind(wxEventTypeTag<wxCommandEvent>(NumericUpDownCtrl::EVT_VALUE_CHANGED),
+                     [this](wxCommandEvent&) { ++m_changes; });
         return updown;
     }
     // Change events posted since the last call.
@@ -432,7 +483,10 @@ protected:
         control->GetEventHandler()->ProcessEvent(click);
     }
     static bool Enabled(wxWindow* parent, int id) { return wxWindow::FindWindowById(id, parent)->IsEnabled(); }
-    static Toolkit::smart_ptr<DateTime> Day(int year, int month, int day) { return Toolkit::make_smart<DateTime>(year, month, day, 0, 0, 0); }
+    static Toolkit::smart_ptr<DateTime> Day(int year, int month, int day)
+    {
+        return Toolkit::make_smart<DateTime>(year, month, day, 0, 0, 0);
+    }
 
     int m_changes = 0;
     EditTextCtrl* m_text = nullptr;

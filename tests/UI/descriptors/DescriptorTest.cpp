@@ -117,7 +117,8 @@ TEST_F(DescriptorTest, LabelPlacementAndEditFlags)
         EXPECT_EQ(doc.Make<StaticTextCtrlDescriptor>()->GetPlacement(), flags) << word;
     }
 
-    const Document edit(R"(<Control><Style password="yes" multiline="yes" border="no"/><Filter>Num</Filter></Control>)");
+    const Document edit(
+        R"(<Control><Style password="yes" multiline="yes" border="no"/><Filter>Num</Filter></Control>)");
     auto e = edit.Make<EditTextCtrlDescriptor>();
     EXPECT_TRUE(e->IsPassword() && e->IsMultiline() && !e->IsReadOnly() && !e->HasBorder());
     EXPECT_EQ(e->GetFilter(), EditTextCtrlDescriptor::FilterNum);

@@ -9,7 +9,10 @@ namespace frametest {
 
 class TestDashboard : public UIKit::IDashboard {
 public:
-    TestDashboard() : IDashboard(wxRect(0, 0, 200, 150)) { m_pControlPlaceholder = new UIKit::PanelCtrl(this, wxID_ANY, wxRect(0, 0, 300, 300)); }
+    TestDashboard() : IDashboard(wxRect(0, 0, 200, 150))
+    {
+        m_pControlPlaceholder = new UIKit::PanelCtrl(this, wxID_ANY, wxRect(0, 0, 300, 300));
+    }
     bool ShowScreen(const TString<wchar_t>&, UIKit::Animation, int, int) override { return false; }
     void OnPendingChanges(const TString<wchar_t>&, int32_t) override {}
     void SetScreenTitle(const TString<wchar_t>&) override {}

@@ -188,7 +188,8 @@ protected:
     bool ready() const
     {
         const auto device = UIKit::DCControler::Instance()->GetSelectedDevice();
-        auto* connect = screenClass() == L"HomeScreen" ? UIKit::Util::FindControl(screen(), UIKit::ID_CONNECT) : nullptr;
+        auto* connect =
+            screenClass() == L"HomeScreen" ? UIKit::Util::FindControl(screen(), UIKit::ID_CONNECT) : nullptr;
         return connect && connect->IsEnabled() && device && device->GetInfo().state == Devices::DeviceStateRegistered;
     }
     // Moves the fake clock on in steps until the condition holds, giving

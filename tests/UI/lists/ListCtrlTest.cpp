@@ -58,16 +58,22 @@ TEST_F(ListTest, RowEventsAroundAFillNeitherLoseNorDuplicateRows)
         testsupport::LogCapture log;
         for (const std::string& step : c.steps) {
             const char op = step[0];
-            const unsigned int row = op == '+' || op == 'T' ? unsigned(rows.labels.size()) : unsigned(std::atoi(step.c_str() + 1));
+            const unsigned int row =
+                op == '+' || op == 'T' ? unsigned(rows.labels.size()) : unsigned(std::atoi(step.c_str() + 1));
             if (op == 'F') list->SetDataSource(&rows);
             else if (op == 'p') Pump();
-            else if (op == '+') rows.labels.push_back(std::wstring(1, wchar_t(step[1]))), dispatch(DataAdapterEvent::EVT_DATA_ADD, row);
-            else if (op == '-') rows.labels.erase(rows.labels.begin() + row), dispatch(DataAdapterEvent::EVT_DATA_REMOVE, row);
-            else if (op == 'u') rows.labels[row] = std::wstring(1, wchar_t(step.back())), dispatch(DataAdapterEvent::EVT_DATA_UPDATE, row);
+            else if (op == '+')
+                rows.labels.push_back(std::wstring(1, wchar_t(step[1]))), dispatch(DataAdapterEvent::EVT_DATA_ADD, row);
+            else if (op == '-')
+                rows.labels.erase(rows.labels.begin() + row), dispatch(DataAdapterEvent::EVT_DATA_REMOVE, row);
+            else if (op == 'u')
+                rows.labels[row] = std::wstring(1, wchar_t(step.back())),
+                dispatch(DataAdapterEvent::EVT_DATA_UPDATE, row);
             else if (op == 'A') dispatch(DataAdapterEvent::EVT_DATA_ADD, row);
             else if (op == 'U') dispatch(DataAdapterEvent::EVT_DATA_UPDATE, row);
             else if (op == 'R') dispatch(DataAdapterEvent::EVT_DATA_REMOVE, row);
-            else if (op == 'T') rows.labels.push_back(L"t"), std::thread([&] { dispatch(DataAdapterEvent::EVT_DATA_ADD, row); }).join();
+            else if (op == 'T')
+                rows.labels.push_back(L"t"), std::thread([&] { dispatch(DataAdapterEvent::EVT_DATA_ADD, row); }).join();
             else if (op == 's') rows.onDecorate = [&rows] { rows.labels.pop_back(), rows.onDecorate = nullptr; };
         }
         EXPECT_EQ(Shown(*list), c.rows);
@@ -89,11 +95,16 @@ TEST_F(ListTest, FilterSortAndSelectionTogether)
     using Op = std::function<void(ListCtrl&)>;
     struct Case { const char* what; const wchar_t* selected; Op op; std::string shown; unsigned int position; };
     const Case cases[] = {
-        {"filter hides rows and their height", L"alpha", [](ListCtrl& l) { l.SetFilter(L"A"); }, "delta alpha charlie bravo", 1},
-        {"a row added under a filter takes no place", L"alpha", [](ListCtrl& l) { l.SetFilter(L"a"), l.AddItem(L"zulu", int(l.GetFreeIndex()), ListItemCtrl::None); }, "delta alpha charlie bravo", 1},
-        {"a hidden row stays selected", L"echo", [](ListCtrl& l) { l.SetFilter(L"a"); }, "delta alpha charlie bravo", 4},
+        {"filter hides rows and their height", L"alpha", [](ListCtrl& l) { l.SetFilter(L"A"); },
+         "delta alpha charlie bravo", 1},
+        {"a row added under a filter takes no place", L"alpha",
+         [](ListCtrl& l) { l.SetFilter(L"a"), l.AddItem(L"zulu", int(l.GetFreeIndex()), ListItemCtrl::None); },
+         "delta alpha charlie bravo", 1},
+        {"a hidden row stays selected", L"echo", [](ListCtrl& l) { l.SetFilter(L"a"); }, "delta alpha charlie bravo",
+         4},
         {"10,000-character filter", L"echo", [](ListCtrl& l) { l.SetFilter(TString<wchar_t>(10000, L'x')); }, "", 4},
-        {"clearing the filter shows all", L"alpha", [](ListCtrl& l) { l.SetFilter(L"zz"), l.SetFilter(L""); }, "delta alpha charlie bravo echo", 1},
+        {"clearing the filter shows all", L"alpha", [](ListCtrl& l) { l.SetFilter(L"zz"), l.SetFilter(L""); },
+         "delta alpha charlie bravo echo", 1},
         {"descending from 1", L"alpha", [](ListCtrl& l) { l.Sort(1, false); }, "delta echo charlie bravo alpha", 4},
         {"ascending from 2", L"echo", [](ListCtrl& l) { l.Sort(2, true); }, "delta alpha bravo charlie echo", 4},
     };
@@ -147,7 +158,8 @@ TEST_F(ListTest, ClicksSelectDoubleClicksAndMultiSelection)
         if (c.multi)
             list->beginMultiSelection();
         std::vector<int> events;
-        m_frame->Bind(wxEventTypeTag<wxCommandEvent>(ListCtrl::EVT_ITEM_SELECTED), [&events](wxCommandEvent& e) { events.push_back(e.GetInt()); });
+        m_frame->Bind(wxEventTypeTag<wxCommandEvent>(ListCtrl::EVT_ITEM_SELECTED),
+                      [&events](wxCommandEvent& e) { events.push_back(e.GetInt()); });
         for (int click = 0; click < 2; ++click) {
             wxCommandEvent event(wxEVT_BUTTON, int(ListCtrl::c_idBase));
             event.SetEventObject(list->GetItems()[0]);
@@ -156,7 +168,8 @@ TEST_F(ListTest, ClicksSelectDoubleClicksAndMultiSelection)
         }
         Pump();
         EXPECT_EQ(events, c.events);
-        EXPECT_EQ(std::make_pair(list->GetItems()[0]->IsSelected(), rows.getSelectedRowCount()), std::make_pair(c.selectedAfter, c.selectedAfter ? 1u : 0u));
+        EXPECT_EQ(std::make_pair(list->GetItems()[0]->IsSelected(), rows.getSelectedRowCount()),
+                  std::make_pair(c.selectedAfter, c.selectedAfter ? 1u : 0u));
         m_frame->Unbind(wxEventTypeTag<wxCommandEvent>(ListCtrl::EVT_ITEM_SELECTED), [](wxCommandEvent&) {});
         list->Destroy();
     }
@@ -217,15 +230,20 @@ TEST_F(ListTest, CheckedItemShowsAndReportsItsState)
         <Control class="PanelCtrl" name="WorkingProgress" bounds="80,2,16,16"/></Control>)");
     ASSERT_TRUE(item && item->GetStatesBox() && item->GetWorkingProgress());
     std::vector<int> posted;
-    m_frame->Bind(wxEventTypeTag<wxCommandEvent>(CheckedListItemCtrl::EVT_CHECKBOX_STATUS_CHANGED), [&posted](wxCommandEvent& e) { posted.push_back(e.GetInt()); });
+    m_frame->Bind(wxEventTypeTag<wxCommandEvent>(CheckedListItemCtrl::EVT_CHECKBOX_STATUS_CHANGED),
+                  [&posted](wxCommandEvent& e) { posted.push_back(e.GetInt()); });
     struct Case { CheckedListItemCtrl::CheckState state; int box; bool working; std::vector<int> posted; };
-    const Case cases[] = {{CheckedListItemCtrl::Unchecked, 1, false, {}}, {CheckedListItemCtrl::Checked, 0, false, {1}},
-                          {CheckedListItemCtrl::Working, 2, true, {3}}, {CheckedListItemCtrl::Undefined, 1, false, {2}}};
+    const Case cases[] = {{CheckedListItemCtrl::Unchecked, 1, false, {}},
+                          {CheckedListItemCtrl::Checked, 0, false, {1}},
+                          {CheckedListItemCtrl::Working, 2, true, {3}},
+                          {CheckedListItemCtrl::Undefined, 1, false, {2}}};
     for (const auto& c : cases) {
         posted.clear();
         item->SetState(c.state);
         Pump();
-        EXPECT_EQ(std::make_pair(item->GetStatesBox()->m_state, item->GetWorkingProgress()->IsShown()), std::make_pair(c.box, c.working)) << c.state;
+        EXPECT_EQ(std::make_pair(item->GetStatesBox()->m_state, item->GetWorkingProgress()->IsShown()),
+                  std::make_pair(c.box, c.working))
+            << c.state;
         EXPECT_EQ(posted, c.posted) << c.state;
     }
     item->Destroy();

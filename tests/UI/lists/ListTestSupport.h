@@ -64,7 +64,8 @@ protected:
         std::string out;
         for (const auto* item : list.GetItems())
             if (item->IsShown())
-                out += (out.empty() ? "" : " ") + std::string(item->GetSortString().begin(), item->GetSortString().end());
+                out +=
+                    (out.empty() ? "" : " ") + std::string(item->GetSortString().begin(), item->GetSortString().end());
         return out;
     }
     // The list keeps its total height equal to the sum of its shown rows.

@@ -44,11 +44,19 @@ protected:
           m_appearances("UIKIT_APPEARANCES_DIR", appearancetest::TestPackDir().parent_path().string()),
           m_config("UIKIT_CONFIG_DIR", (m_dir.Path() / "config").string())
     {
-        for (const auto& [link, built] : std::vector<std::pair<std::string, std::string>>{
-                 {"alpha_again", "tp_alpha"}, {"a_dup", "tp_beta"}, {"b_dup", "tp_beta"}, {"tp_alpha", "tp_alpha"},
-                 {"tp_beta", "tp_beta"}, {"tp_inactive", "tp_inactive"}, {"tp_missing", "tp_missing"},
-                 {"tp_malformed", "tp_malformed"}, {"tp_generator", "tp_generator"}, {"dynlib_sample", "dynlib_sample"}})
-            fs::create_symlink(fs::path(UIKIT_LIB_DIR) / ("lib" + built + ".so"), m_dir.Path() / ("lib" + link + ".so"));
+        for (const auto& [link, built] :
+             std::vector<std::pair<std::string, std::string>>{{"alpha_again", "tp_alpha"},
+                                                              {"a_dup", "tp_beta"},
+                                                              {"b_dup", "tp_beta"},
+                                                              {"tp_alpha", "tp_alpha"},
+                                                              {"tp_beta", "tp_beta"},
+                                                              {"tp_inactive", "tp_inactive"},
+                                                              {"tp_missing", "tp_missing"},
+                                                              {"tp_malformed", "tp_malformed"},
+                                                              {"tp_generator", "tp_generator"},
+                                                              {"dynlib_sample", "dynlib_sample"}})
+            fs::create_symlink(fs::path(UIKIT_LIB_DIR) / ("lib" + built + ".so"),
+                               m_dir.Path() / ("lib" + link + ".so"));
         m_dir.Write("libnotelf.so", "not a library\n");
         Appearance::CreateInstance();
         EXPECT_TRUE(Appearance::Instance()->Init(L"testskin", L"en"));
@@ -75,7 +83,8 @@ protected:
             create();
         for (const wchar_t* screen : {L"AlphaScreen", L"BetaScreen"})
             CtrlFactory::Instance()->AddGenerator(screen, DescriptorGenerator<PanelCtrlDescriptor>::Make());
-        const auto ini = m_dir.Write("bundles.ini", "[MainBundle]\nEntry=Core\n[Bundle.Core]\nGipDep=" + filters + "\n");
+        const auto ini =
+            m_dir.Write("bundles.ini", "[MainBundle]\nEntry=Core\n[Bundle.Core]\nGipDep=" + filters + "\n");
         ConfDataFile::Instance()->LoadFromFile(ini.wstring());
         m_tables.calls.clear();
         PluginManager::Instance()->Load();
@@ -100,16 +109,13 @@ TEST_F(PluginManagerTest, PluginsAreKeyedAndUnloadedInAcceptanceOrderAndBadOnesA
         std::vector<std::string> reported;   // through the error sink, exactly these
     } cases[] = {
         // Keyed in acceptance order; a refused plug-in and an ambiguous entry take no number.
-        {"tp_beta.so,tp_inactive.so,_dup.so,tp_alpha.so",
-         {L"101Beta", L"102Alpha"},
+        {"tp_beta.so,tp_inactive.so,_dup.so,tp_alpha.so", {L"101Beta", L"102Alpha"},
          {L"Templates Beta", L"Templates Beta2", L"Events Beta", L"Templates Alpha", L"Events Alpha",
           L"Shortcuts Alpha 102Alpha"},
          {L"The library 'plugin_inactive' is not a GraphicalInterfacePlugin!", L"deactivated plugin_inactive"},
          {}},
         {"tp_alpha.so,alpha_again.so", {L"101Alpha", L"102Alpha"}, {}, {}, {}},
-        {"notelf.so,dynlib_sample.so,tp_missing.so,tp_malformed.so,tp_beta.so",
-         {L"101Malformed", L"102Beta"},
-         {},
+        {"notelf.so,dynlib_sample.so,tp_missing.so,tp_malformed.so,tp_beta.so", {L"101Malformed", L"102Beta"}, {},
          {L"cannot load library " + dir + L"/libnotelf.so: " + dir + L"/libnotelf.so",
           L"Not Found symbol SYMBOL[GetPlugin] PLUGIN[libdynlib_sample.so]: " + dir +
               L"/libdynlib_sample.so: undefined symbol: GetPlugin",

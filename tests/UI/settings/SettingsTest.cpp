@@ -73,7 +73,8 @@ protected:
                                         {L"Other", leaf(L"Other", L"OtherPage")},
                                         {L"Nowhere", leaf(L"Nowhere", L"NoSuchPage")}});
         m_controller->DisplaySettingPanel(AnimationNone);
-        m_screen = dynamic_cast<SettingRootScreen*>(ScreenManager::Instance()->Get(MainSettingsController::c_strScreen));
+        m_screen =
+            dynamic_cast<SettingRootScreen*>(ScreenManager::Instance()->Get(MainSettingsController::c_strScreen));
         ASSERT_NE(m_screen, nullptr);
     }
     void TearDown() override

@@ -236,7 +236,8 @@ TEST_F(UtilWindowsTest, ControlsAreFoundByIdOrByNameDepthFirst)
 
     struct Case { const wxWindow* window; const wxWindow* candidate; bool expected; };
     const Case cases[] = {
-        {m_frame, m_frame, true}, {outer, leaf, true}, {target, outer, false}, {plain, deep, true}, {outer, nullptr, false},
+        {m_frame, m_frame, true}, {outer, leaf, true},     {target, outer, false},
+        {plain, deep, true},      {outer, nullptr, false},
     };
     for (const auto& c : cases)
         EXPECT_EQ(Util::IsWindowIsThisOrChildRecursive(c.window, c.candidate), c.expected)
@@ -306,8 +307,10 @@ TEST_F(UtilWindowsTest, ResizeAnimationTakesTenPacedStepsAndEndsAtTheTarget)
 TEST_F(UtilWindowsTest, SlideAnimationEndsWithBothWindowsAtTheirPlaces)
 {
     // From (0, 0) over a 200 x 100 area: where the outgoing window ends; the incoming one ends at (0, 0).
-    const std::pair<Util::MotionType, wxPoint> cases[] = {
-        {Util::SlideRight, {200, 0}}, {Util::SlideLeft, {-200, 0}}, {Util::SlideDown, {0, 100}}, {Util::SlideUp, {0, -100}}};
+    const std::pair<Util::MotionType, wxPoint> cases[] = {{Util::SlideRight, {200, 0}},
+                                                          {Util::SlideLeft, {-200, 0}},
+                                                          {Util::SlideDown, {0, 100}},
+                                                          {Util::SlideUp, {0, -100}}};
     for (const auto& [type, out] : cases) {
         testsupport::FakeClock clock;
         auto* outgoing = new PanelCtrl(m_frame, wxID_ANY, wxRect(0, 0, 200, 100));

@@ -51,12 +51,15 @@ TEST_F(XMLLoaderTest, ReadStringTakesTheElementChildAttributeOrText)
 
 TEST_F(XMLLoaderTest, TypedReadersTakeOnlyWhatTheyCanRead)
 {
-    const std::tuple<const char*, bool, bool> rows[] = {{"yes", false, true}, {"cap", true, false}, {"missing", true, true}};
+    const std::tuple<const char*, bool, bool> rows[] = {{"yes", false, true},
+                                                        {"cap", true, false},
+                                                        {"missing", true, true}};
     for (const auto& [attribute, defaultValue, expected] : rows)
         EXPECT_EQ(m_loader.ReadBool("V", attribute, defaultValue), expected) << attribute;
     EXPECT_TRUE(m_loader.ReadBool("", "empty", true)) << "empty text gives the default";
 
-    const std::pair<const char*, int> ints[] = {{"int", 12}, {"px", 0}, {"neg", -7}, {"big", 2147483647}, {"missing", 33}, {"c4", 10}};
+    const std::pair<const char*, int> ints[] = {{"int", 12},         {"px", 0},       {"neg", -7},
+                                                {"big", 2147483647}, {"missing", 33}, {"c4", 10}};
     for (const auto& [attribute, expected] : ints)
         EXPECT_EQ(m_loader.ReadInt("V", attribute, 33), expected) << attribute;
     // Symbolic ids are known by their exact names only.
@@ -198,7 +201,11 @@ TEST(XMLLoaderReportsTest, TruncatedFileIsReportedWithItsNameAndLineAndKeepsWhat
     XMLLoader loader;
     ASSERT_TRUE(loader.LoadFromFile(path));
     EXPECT_EQ(xmltest::CountElements(loader.GetElement()), 10u) << "what could be read stays";
-    EXPECT_EQ(reports.Lines(), std::vector<std::string>{path + ":13: malformed XML: value of attribute margin in start tag <Enabled> opened on line 13 is not closed"});
+    EXPECT_EQ(
+        reports.Lines(),
+        std::vector<std::string>{
+            path +
+            ":13: malformed XML: value of attribute margin in start tag <Enabled> opened on line 13 is not closed"});
 }
 
 TEST(XMLLoaderReportsTest, ProblemsInLaterParsedChildrenAreReportedOnceWhenRead)

@@ -49,7 +49,8 @@ const std::vector<DocumentCase> kDocuments = {
     // names that only start like the searched one.
     {"long contents, two-byte name",
      "<R><ab p=\"" + std::string(40, 'p') + "\"><AB q=\"a/b>c\" r=\"" + std::string(40, 'r') +
-         "\"/><Ab t=\"1/>2\">x</Ab><aB s=\"/\"><ab/></aB><!-- </ab> " + std::string(40, '.') + " --><abc/></ab><c/></R>",
+         "\"/><Ab t=\"1/>2\">x</Ab><aB s=\"/\"><ab/></aB><!-- </ab> " + std::string(40, '.') +
+         " --><abc/></ab><c/></R>",
      "R[]{ab[p=" + std::string(40, 'p') + "]{AB[q=a/b>c,r=" + std::string(40, 'r') +
          "]Ab[t=1/>2]\"x\"aB[s=/]{ab[]}abc[]}c[]}"},
     {"long contents, long and one-byte names",
@@ -113,7 +114,8 @@ std::string write(XML_NODE* element)
 TEST(XmlDomTest, NamesMatchWithoutCaseAndTheFirstAttributeWins)
 {
     for (const bool lazy : {false, true}) {
-        auto tree = Parse(R"(<Skin><Control bounds="1,2" BOUNDS="3,4" e="" E="x"><Label>t</Label></Control></Skin>)", lazy);
+        auto tree =
+            Parse(R"(<Skin><Control bounds="1,2" BOUNDS="3,4" e="" E="x"><Label>t</Label></Control></Skin>)", lazy);
         XML_NODE* control = node_find_first(tree.get(), "CONTROL");
         ASSERT_NE(control, nullptr);
         EXPECT_STREQ(node_attribute(control, "BOUNDS"), "1,2");
@@ -146,7 +148,8 @@ TEST(XmlDomTest, TopElementsCarryNamespaceDocTypeAndResultCodes)
     EXPECT_STREQ(node_attribute(top, "xmlns"), "uri");
     XML_DOCTYPE* doctype = nullptr;
     EXPECT_EQ(node_set_doc(top, nullptr, &doctype, true), XML_NULL_ARGUMENT);
-    ASSERT_EQ(node_set_doc(top, R"(<!DOCTYPE skin PUBLIC "one" "two"><Skin><A/><B/><C/></Skin>)", &doctype, false), XML_OK);
+    ASSERT_EQ(node_set_doc(top, R"(<!DOCTYPE skin PUBLIC "one" "two"><Skin><A/><B/><C/></Skin>)", &doctype, false),
+              XML_OK);
     ASSERT_NE(doctype, nullptr);
     EXPECT_EQ(std::string(doctype->name) + doctype->first + doctype->second, "skinonetwo");
     EXPECT_EQ(node_attribute(top, "xmlns"), nullptr) << "the element was emptied";
@@ -167,25 +170,38 @@ TEST(XmlDomTest, DocumentsAreReadAsFarAsTheyGoAndEachProblemToldOnce)
     struct MalformedCase { const char* what; std::string text; std::string tree; std::vector<std::string> errors; };
     const std::vector<MalformedCase> cases = {
         {"no element at all", "just text", "root[]", {"1: no element in the text"}},
-        {"closing tags only", "</A>\n</B>", "root[]", {"1: closing tag </A> matches no open element", "2: closing tag </B> matches no open element", "2: no element in the text"}},
-        {"truncated in a child's start tag", "<Skin>\n<Screen>\n<Control a=\"1\"/>\n<Cont", "Skin[]{Screen[]{Control[a=1]Cont[]}}", {"4: start tag <Cont> opened on line 4 is not finished"}},
-        {"truncated attribute", "<A b=\"1", "A[b=1]", {"1: value of attribute b in start tag <A> opened on line 1 is not closed"}},
+        {"closing tags only", "</A>\n</B>", "root[]",
+         {"1: closing tag </A> matches no open element", "2: closing tag </B> matches no open element",
+          "2: no element in the text"}},
+        {"truncated in a child's start tag", "<Skin>\n<Screen>\n<Control a=\"1\"/>\n<Cont",
+         "Skin[]{Screen[]{Control[a=1]Cont[]}}", {"4: start tag <Cont> opened on line 4 is not finished"}},
+        {"truncated attribute", "<A b=\"1", "A[b=1]",
+         {"1: value of attribute b in start tag <A> opened on line 1 is not closed"}},
         {"truncated closing tag", "<A></A", "A[]", {"1: closing tag </A> is not finished"}},
-        {"unclosed elements", "<A><B>\n<C>text\n", "A[]{B[]{C[]\"text\n\"}}", {"2: <C> opened on line 2 is not closed"}},
-        {"CDATA never ends", "<A>\n<![CDATA[ open", "A[]!\" open\"", {"2: CDATA section opened on line 2 is not closed"}},
+        {"unclosed elements", "<A><B>\n<C>text\n", "A[]{B[]{C[]\"text\n\"}}",
+         {"2: <C> opened on line 2 is not closed"}},
+        {"CDATA never ends", "<A>\n<![CDATA[ open", "A[]!\" open\"",
+         {"2: CDATA section opened on line 2 is not closed"}},
         {"comment never ends", "<A><!-- open\n<B/>", "A[]", {"2: comment opened on line 1 is not closed"}},
-        {"closing tag of an outer element", "<A>\n<B>\n<C>\n</B>\n</A>", "A[]{B[]{C[]}}", {"4: <C> opened on line 3 is not closed"}},
-        {"content after the top element", "<A></A>\ntrailing<B/>", "A[]", {"2: content after the end of the top element"}},
-        {"attributes not written name=\"value\"", "<A b='1'\n c=2 d e= \"3\" f=\"4\"/>", "A[f=4]",
-         {"1: attribute b is ignored: write b=\"value\"", "2: attribute c is ignored: write c=\"value\"", "2: attribute d is ignored: write d=\"value\"", "2: attribute e is ignored: write e=\"value\""}},
-        {"element without a name", "<A>< B/></A>", "A[]{[]}", {"1: attribute B is ignored: write B=\"value\"", "1: element without a name"}},
+        {"closing tag of an outer element", "<A>\n<B>\n<C>\n</B>\n</A>", "A[]{B[]{C[]}}",
+         {"4: <C> opened on line 3 is not closed"}},
+        {"content after the top element", "<A></A>\ntrailing<B/>", "A[]",
+         {"2: content after the end of the top element"}},
+        {"attributes not written name=\"value\"",
+         "<A b='1'\n c=2 d e= \"3\" f=\"4\"/>",
+         "A[f=4]",
+         {"1: attribute b is ignored: write b=\"value\"", "2: attribute c is ignored: write c=\"value\"",
+          "2: attribute d is ignored: write d=\"value\"", "2: attribute e is ignored: write e=\"value\""}},
+        {"element without a name", "<A>< B/></A>", "A[]{[]}",
+         {"1: attribute B is ignored: write B=\"value\"", "1: element without a name"}},
     };
     for (const bool lazy : {false, true}) {
         for (const auto& c : cases)
             EXPECT_EQ(parseAndCollect(c.text, lazy), std::make_pair(c.tree, c.errors)) << c.what << " lazy " << lazy;
         // Well-formed documents give the same tree in both modes and report nothing.
         for (const auto& c : kDocuments)
-            EXPECT_EQ(parseAndCollect(c.text, lazy), std::make_pair(c.tree, std::vector<std::string>{})) << c.what << " lazy " << lazy;
+            EXPECT_EQ(parseAndCollect(c.text, lazy), std::make_pair(c.tree, std::vector<std::string>{}))
+                << c.what << " lazy " << lazy;
     }
 }
 
@@ -218,8 +234,10 @@ TEST(XmlDomTest, ElementsPastTheDepthLimitAreSkippedWithOneReportAndTheRestIsKep
     runWithStack(256 * 1024, [&] {
         for (const bool lazy : {false, true}) {
             SCOPED_TRACE(lazy ? "lazy" : "eager");
-            EXPECT_EQ(parse(limit - 1, closes.substr(4) + after, lazy), std::make_pair(std::to_string(limit) + " after", std::vector<std::string>{}));
-            EXPECT_EQ(parse(limit, closes + after, lazy), std::make_pair(std::to_string(limit) + " after", std::vector<std::string>{report}));
+            EXPECT_EQ(parse(limit - 1, closes.substr(4) + after, lazy),
+                      std::make_pair(std::to_string(limit) + " after", std::vector<std::string>{}));
+            EXPECT_EQ(parse(limit, closes + after, lazy),
+                      std::make_pair(std::to_string(limit) + " after", std::vector<std::string>{report}));
             // Skipped elements that never close end the document without a crash.
             for (const std::string tail : {"<e/><e/></e>", "<e", "</e></e></e></e>", "<!-- open", "<![CDATA[ open"}) {
                 const auto [levels, errors] = parse(limit + 10, tail, lazy);
@@ -267,7 +285,8 @@ TEST(XmlDomTest, KeptRegressionInputsParseAndWalk)
     size_t files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(testsupport::DataDir() / "xml" / "regressions")) {
         for (const bool lazy : {false, true})
-            EXPECT_GE(xmltest::CountElements(Parse(testsupport::ReadFile(entry.path()), lazy).get()), 1u) << entry.path();
+            EXPECT_GE(xmltest::CountElements(Parse(testsupport::ReadFile(entry.path()), lazy).get()), 1u)
+                << entry.path();
         ++files;
     }
     EXPECT_GE(files, 10u);
@@ -328,7 +347,8 @@ TEST(XmlEditTest, CopiesAreDeepAndOwnedByTheTargetTree)
     {
         auto source = Parse(R"(<S><Screen name="s"><Control id="1">text<Label>l</Label></Control></Screen></S>)", true);
         XML_NODE* copy = nullptr;
-        ASSERT_EQ(node_copy(node_find_first(target.get(), "Slot"), node_find_first(source.get(), "Screen"), &copy), XML_OK);
+        ASSERT_EQ(node_copy(node_find_first(target.get(), "Slot"), node_find_first(source.get(), "Screen"), &copy),
+                  XML_OK);
         EXPECT_EQ(node_line(copy), 0u);
     } // the source tree is freed: the copy must not point into it
     EXPECT_EQ(Dump(target.get()), R"(T[]{Slot[]{Screen[name=s]{Control[id=1]"text"{Label[]"l"}}}})");
@@ -345,7 +365,8 @@ TEST(XmlEditTest, FindByAttributeOrValueComparesBytesExactly)
     auto tree = Parse(R"(<R><A id="x">1</A><A ID="X">2</A><B id="x">1</B><A id="x">3</A></R>)", true);
     XML_NODE* top = tree.get();
     std::vector<std::string> found;
-    for (XML_NODE* e = node_find_by_attribute(top, "A", "ID", "x", nullptr); e; e = node_find_by_attribute(top, "A", "ID", "x", e))
+    for (XML_NODE* e = node_find_by_attribute(top, "A", "ID", "x", nullptr); e;
+         e = node_find_by_attribute(top, "A", "ID", "x", e))
         found.push_back(node_value(e));
     EXPECT_EQ(found, (std::vector<std::string>{"1", "3"})) << "names ignore case, values do not";
     EXPECT_STREQ(node_name(node_find_by_value(top, nullptr, "1", node_find_first(top, "A"))), "B");

@@ -48,7 +48,8 @@ protected:
     ArchiveZipEntry entry(const ArchiveZip& zip, const wchar_t* name)
     {
         Entries found;
-        EXPECT_EQ(zip.EntriesList(found, name, ArchiveZip::EntryFiles), 1) << testing::PrintToString(std::wstring(name));
+        EXPECT_EQ(zip.EntriesList(found, name, ArchiveZip::EntryFiles), 1)
+            << testing::PrintToString(std::wstring(name));
         return found.empty() ? ArchiveZipEntry() : found.begin()->second;
     }
 
@@ -72,7 +73,8 @@ TEST_F(ArchiveZipTest, ListsFilesAndFoldersByPattern)
     };
     for (const auto& c : cases) {
         Entries found{{L"stale", ArchiveZipEntry()}};
-        EXPECT_EQ(zip.EntriesList(found, c.pattern, c.type), c.result) << testing::PrintToString(std::wstring(c.pattern));
+        EXPECT_EQ(zip.EntriesList(found, c.pattern, c.type), c.result)
+            << testing::PrintToString(std::wstring(c.pattern));
         std::vector<std::wstring> names;
         for (const auto& [name, e] : found)
             names.push_back(name);
@@ -144,7 +146,8 @@ TEST_F(ArchiveZipTest, DamagedEntryReadsAsAnErrorLoggedOnce)
         zipWithTool(m_dir.Path() / "damaged", archive.string(), option, "data.txt");
         std::string raw = testsupport::ReadFile(archive);
         // Local header: 30 bytes, then the name and the extra field, then the data.
-        const size_t dataStart = 30 + (uint8_t(raw[26]) | uint8_t(raw[27]) << 8) + (uint8_t(raw[28]) | uint8_t(raw[29]) << 8);
+        const size_t dataStart =
+            30 + (uint8_t(raw[26]) | uint8_t(raw[27]) << 8) + (uint8_t(raw[28]) | uint8_t(raw[29]) << 8);
         for (size_t i = dataStart + 8; i < dataStart + 16; ++i)
             raw[i] = char(~raw[i]);
         std::ofstream(archive, std::ios::binary | std::ios::trunc) << raw;

@@ -99,7 +99,10 @@ protected:
         return n == 0;
     }
     int PeerClaim() { return testsupport::PeerProcess({"claim", m_runtime, m_app}).Wait(); }
-    std::wstring PeerTag() const { return L"pid " + std::to_wstring(::getpid()) + L" uid " + std::to_wstring(::geteuid()); }
+    std::wstring PeerTag() const
+    {
+        return L"pid " + std::to_wstring(::getpid()) + L" uid " + std::to_wstring(::geteuid());
+    }
 
     testsupport::TempDir m_dir;
     std::string m_app;

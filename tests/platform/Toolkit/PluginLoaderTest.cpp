@@ -26,7 +26,8 @@ TEST(PluginLoaderTest, EntryAnswersAreCheckedAndALibraryStaysMappedWhileAnObject
         testsupport::LogCapture log;
         ASSERT_EQ(loader.Load(), 1);
         EXPECT_EQ(log.Size(), 2u) << log.Dump();
-        EXPECT_TRUE(log.Contains(L"Not Found symbol SYMBOL[GetSample] PLUGIN[libsample_refuses.so]: the entry returned false"));
+        EXPECT_TRUE(
+            log.Contains(L"Not Found symbol SYMBOL[GetSample] PLUGIN[libsample_refuses.so]: the entry returned false"));
         EXPECT_TRUE(log.Contains(L"PLUGIN[libsample_empty.so]: the entry returned no plug-in"));
         EXPECT_FALSE(testsupport::IsMapped(dir.Path() / "libsample_refuses.so")) << "a rejected library is closed";
         plugin = loader.GetPlugins().front();

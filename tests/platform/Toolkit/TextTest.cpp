@@ -20,7 +20,8 @@ TEST(RegExpTest, IsMatchTestsTheWholeText)
     } cases[] = {{L"-12", true, true}, {L"12a", false, true}, {L"\u0661\u0662", false, false}};
     for (const auto& c : cases) {
         EXPECT_EQ(number.IsMatch(TString<wchar_t>(c.text)), c.whole) << testing::PrintToString(std::wstring(c.text));
-        EXPECT_EQ(number.Match(TString<wchar_t>(c.text)).Success(), c.found) << testing::PrintToString(std::wstring(c.text));
+        EXPECT_EQ(number.Match(TString<wchar_t>(c.text)).Success(), c.found)
+            << testing::PrintToString(std::wstring(c.text));
     }
     // An alternation must not be satisfied by its first branch alone.
     EXPECT_TRUE(RegExp("a|ab", 0).IsMatch(TString<char>("ab")));

@@ -43,7 +43,8 @@ struct MakeState : UIKit::ITransition {
 };
 
 // In state `state`, id `id` goes to `target` through `transition`.
-inline Toolkit::smart_ptr<UIKit::EventDescriptor> row(const Text& state, int id, const Text& target, const Text& transition)
+inline Toolkit::smart_ptr<UIKit::EventDescriptor> row(const Text& state, int id, const Text& target,
+                                                      const Text& transition)
 {
     auto made = Toolkit::make_smart<UIKit::EventDescriptor>(Toolkit::smart_ptr<UIKit::XMLNode>());
     made->state = state;
@@ -71,7 +72,8 @@ protected:
         UIKit::EventManager::ReleaseInstance();
     }
     // Registers "to<sequence><state>", which makes that state.
-    void addTransition(const Text& sequence, const Text& state, bool refuseReturn = false, std::function<void()> hook = {})
+    void addTransition(const Text& sequence, const Text& state, bool refuseReturn = false,
+                       std::function<void()> hook = {})
     {
         auto transition = Toolkit::make_smart<MakeState>();
         transition->make = [=, this] {

@@ -25,8 +25,9 @@ TEST_F(NavigationTest, RowsOfTheCurrentStateComeFirstRowsIntoItAreSkippedAndUnkn
     for (const int id : {1, 2, 6})
         addGlobalRow(id, L"B");
     struct Case { bool atHome; int id; bool done; std::string where; };
-    const Case cases[] = {{true, 1, true, "A/Main"}, {true, 2, true, "B/Main"}, {true, 5, true, "A/Main"}, {true, 6, true, "B/Main"},
-                          {false, 1, true, "B/Main"}, {true, 9, false, "Home/Main"}, {true, 7, false, "Home/Main"}};
+    const Case cases[] = {{true, 1, true, "A/Main"},    {true, 2, true, "B/Main"},  {true, 5, true, "A/Main"},
+                          {true, 6, true, "B/Main"},    {false, 1, true, "B/Main"}, {true, 9, false, "Home/Main"},
+                          {true, 7, false, "Home/Main"}};
     testsupport::LogCapture log;
     for (const auto& c : cases) {
         sequences->OnApplicationExit();
@@ -137,9 +138,17 @@ TEST(Hotkeys, FindFiresEveryEntryOfTheKeyInRegistrationOrder)
     hotkeys.Add(L"102B", L"Seq", L"c", 65);
     hotkeys.Add(L"101A", L"Seq", L"d", 65);
     hotkeys.Add(L"101A", L"", L"e", 65); // no sequence: not registered
-    struct Case { UIKit::IPluginRegistry* registry; int key; bool result; const wchar_t* name; std::vector<Text> calls; };
-    const Case cases[] = {{&registry, 65, true, L"d", {L"101A:a", L"102B:c", L"101A:d"}}, {&registry, 66, false, L"b", {L"102B:b"}},
-                          {&registry, 70, false, L"", {}}, {nullptr, 65, false, L"d", {}}};
+    struct Case {
+        UIKit::IPluginRegistry* registry;
+        int key;
+        bool result;
+        const wchar_t* name;
+        std::vector<Text> calls;
+    };
+    const Case cases[] = {{&registry, 65, true, L"d", {L"101A:a", L"102B:c", L"101A:d"}},
+                          {&registry, 66, false, L"b", {L"102B:b"}},
+                          {&registry, 70, false, L"", {}},
+                          {nullptr, 65, false, L"d", {}}};
     for (const auto& c : cases) {
         registry.calls.clear();
         hotkeys.SetPluginRegistry(c.registry);

@@ -234,9 +234,16 @@ public:
 TEST(ScreenStateTest, ShowsItsScreenOnlyWhenVisibleWithTheAskedSlide)
 {
     const Toolkit::smart_ptr<UIKit::IStateParameter> none;
-    const Toolkit::smart_ptr<UIKit::IStateParameter> back(new UIKit::PreviousSequenceParameter(UIKit::AnimationSlideRight));
+    const Toolkit::smart_ptr<UIKit::IStateParameter> back(
+        new UIKit::PreviousSequenceParameter(UIKit::AnimationSlideRight));
     // shown: the screen the dashboard was asked for and the slide, or empty
-    struct Case { const char* what; bool visible; Toolkit::smart_ptr<UIKit::IStateParameter> parameter; bool answer; std::string shown; };
+    struct Case {
+        const char* what;
+        bool visible;
+        Toolkit::smart_ptr<UIKit::IStateParameter> parameter;
+        bool answer;
+        std::string shown;
+    };
     const Case cases[] = {
         {"visible", true, none, true, "HomeScreen " + std::to_string(UIKit::AnimationSlideLeft)},
         {"hidden sequence", false, none, true, ""},
@@ -249,7 +256,8 @@ TEST(ScreenStateTest, ShowsItsScreenOnlyWhenVisibleWithTheAskedSlide)
         UIKit::IDashboard::s_pCurrent = dashboard;
         UIKit::ScreenState state(L"Home", L"HomeMain", L"HomeScreen", UIKit::AnimationSlideLeft);
         EXPECT_EQ(state.Activate(c.visible, c.parameter), c.answer) << c.what;
-        EXPECT_EQ(dashboard->shown, c.shown.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.shown}) << c.what;
+        EXPECT_EQ(dashboard->shown, c.shown.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.shown})
+            << c.what;
         UIKit::IDashboard::s_pCurrent = nullptr;
         dashboard->Destroy();
     }
@@ -287,7 +295,8 @@ TEST(EventRowErrorTest, UnknownTransitionIsReportedAgainstItsFileAndLine)
     const auto before = sequences->GetCurrentSequence();
     EXPECT_FALSE(sequences->DoEvent(L"RowErrors", L"S", 8022, {}));
     ASSERT_EQ(errors.Lines().size(), 1u);
-    EXPECT_NE(errors.Lines()[0].find("items.xml:3: Transition [TNowhere] not found!"), std::string::npos) << errors.Lines()[0];
+    EXPECT_NE(errors.Lines()[0].find("items.xml:3: Transition [TNowhere] not found!"), std::string::npos)
+        << errors.Lines()[0];
     EXPECT_EQ(sequences->GetCurrentSequence(), before);
     UIKit::SequenceManager::ReleaseInstance();
     UIKit::TransitionManager::ReleaseInstance();
